@@ -1,0 +1,2 @@
+// Replaced by the stand-in service.
+int main() { return 0; }

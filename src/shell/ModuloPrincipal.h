@@ -1,0 +1,143 @@
+#pragma once
+
+#include "orders/Pedido.h"
+#include "printing/ClassConfigImpresora.h"
+
+#include <QDateTime>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <array>
+#include <memory>
+
+class Reloj;
+class CajaMensajes;
+class Pasarela;
+class CanalHttp;
+
+// The program's one piece of global state: identification, configuration variables,
+// the order record, the printer slots and the flags. The program makes one; each test
+// makes its own. Platform services (clock, message boxes, HTTP channels) are owned here
+// and can be replaced before use.
+class ModuloPrincipal : public QObject {
+    Q_OBJECT
+public:
+    static inline const QString Version = QStringLiteral("1.6.2");
+    static inline const QString ClaveAjustes = QStringLiteral("tarbelunde73");
+    // The service's base, without scheme; "https://" or "http://" is put in front.
+    static inline const QString ServidorPorDefecto = QStringLiteral("pedidos.tarvimenta.com/api/");
+
+    explicit ModuloPrincipal(QObject* padre = nullptr);
+    ~ModuloPrincipal() override;
+
+    // --- platform services ---------------------------------------------------------
+    Reloj& reloj() const { return *reloj_; }
+    CajaMensajes& cajas() const { return *cajas_; }
+    Pasarela& pasarela() const { return *pasarela_; }
+    void setReloj(std::unique_ptr<Reloj> r);
+    void setCajas(std::unique_ptr<CajaMensajes> c);
+    // Replaces the gateway's three channels (direct, first and second control).
+    void setCanales(std::unique_ptr<CanalHttp> directo, std::unique_ptr<CanalHttp> inet1,
+                    std::unique_ptr<CanalHttp> inet2);
+
+    // The one road to the service (see Pasarela).
+    QString ConsultarServidor(const QString& ruta);
+
+    // --- where things are ----------------------------------------------------------
+    QString CarpetaDatos;     // config.txt and ultpedim.txt
+    QString CarpetaAplicacion; // App.Path: the executable's folder (melodies, updater)
+    QString NombreEjecutable = QStringLiteral("TarvimentaPedidos"); // App.EXEName
+
+    // Sets both base forms from "host[:port]/path/" and starts on https.
+    void setServidor(const QString& baseSinEsquema);
+    QString UrlBase;
+    QString UrlBaseHttps;
+    QString UrlBaseHttp;
+    bool enHttps() const { return UrlBase == UrlBaseHttps; }
+
+    // --- identification (config.txt) -----------------------------------------------
+    qint32 IdEstablecimiento = 0;
+    QString PasswordConfig;
+    QString ImpresoraAntigua;
+    QString Reservado;
+    QString PasswordConfigCifrada;
+    qint16 AccesosCreados = 0;
+    qint16 MetconGuardado = 0;
+    qint16 NumConfig = 0;
+    QString RutaConfigTxt;
+    QString RutaUltPedIm;
+    QString UltPedIm;
+
+    // After a first configuration reading.
+    qint32 RestId = 0;
+    QString Pgprs;
+
+    // --- flags and run state --------------------------------------------------------
+    bool InicioHecho = false;
+    bool PedidoNuevoPendiente = false;
+    bool MensajeNuevoPendiente = false;
+    bool NoActualizar = false;
+    bool ModoActualizador = false;
+    bool ActualizacionComprobada = false;
+    qint16 Modo = 0;
+    qint16 Metcon = 0;
+
+    // --- configuration variables (server keys in lower case) --------------------------
+    QString NombreEstablecimiento;
+    qint32 IntervaloEscaneoPedido = 0;
+    qint32 IntervaloEscaneoConfiguracion = 0;
+    qint32 NumeroPedidosHistorico = 0;
+    bool AbreDialogImpresion = false;
+    QString TextoCabecera;
+    QString TextoPiePagina;
+    bool MostrarQuienA = false;
+    bool MostrarCpr = false;
+    bool MostrarCprTic = false;
+    bool MinimizarTrasResp = false;
+    bool CancelarSonido = false;
+    bool ParpadeoPedNuevo = false;
+    qint16 IntensidadParpadeo = 0;
+    qint32 IntervaloEscaneoPedActualizado = 0;
+    qint16 TamannoFuentePrincipales = 0;
+    qint16 TamannoFuenteListasCheck = 0;
+    qint16 TipoReproAudio = 0;
+    QString MelodiaPedNuevo;
+    qint16 VolumenMelodiaWmp = 0;
+    bool WebParticular = false;
+    bool OcultarDatosPerson = false;
+    bool PrintResumenAuto = false;
+    qint16 AceptarAutoDomicilio = 0;
+    qint16 AceptarAutoRecoger = 0;
+    bool ActualizarConfigConPedido = false;
+    bool ComprobarActualizar = false;
+    bool MostrarSinTiempo = false;
+    qint16 RechazarAceptado = 0;
+    bool ImprimirAntesAceptar = false;
+    bool ComprobarPedidoTrasAceptar = false;
+    QStringList MotivosRechazo;
+
+    // --- printers --------------------------------------------------------------------
+    std::array<ClassConfigImpresora, 10> Impresoras{};
+    // Slot n, 1 to 10 (Impresora1 .. Impresora10).
+    ClassConfigImpresora& Impresora(int n) { return Impresoras.at(static_cast<size_t>(n - 1)); }
+    int ImpresoraActual = 1; // slot being edited in the printer settings
+
+    // --- the order ---------------------------------------------------------------------
+    Pedido PedidoActual;
+    QString UltimoIdPedido;
+
+    // Text shown in the main window's establishment box (orders copy it at parse time).
+    QString TextoEstablecimiento = QStringLiteral("No configurado");
+
+Q_SIGNALS:
+    // The gateway's connection display: "En línea" green, or "Sin conexión" red with "??".
+    void conexionEnLinea();
+    void conexionPerdida();
+    // A one-line problem text for the main window's LabelInfo.
+    void textoInfo(const QString& texto);
+
+private:
+    std::unique_ptr<Reloj> reloj_;
+    std::unique_ptr<CajaMensajes> cajas_;
+    std::unique_ptr<Pasarela> pasarela_;
+};
