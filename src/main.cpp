@@ -1,1 +1,50 @@
-int main() { return 0; }
+// TarvimentaPedidos: the order desk. Reads its command line, builds the one
+// ModuloPrincipal, and hands over to the main window and the event loop.
+#include "platform/CajaMensajes.h"
+#include "platform/CajaMensajesQt_ui.h"
+#include "platform/InstanciaUnica.h"
+#include "shell/Form1.h"
+#include "shell/LineaComandos.h"
+#include "shell/ModuloPrincipal.h"
+
+#include <QApplication>
+#include <QFileInfo>
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("TarvimentaPedidos"));
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    const LineaComandos linea =
+        LineaComandos::Leer(QApplication::arguments(), QProcessEnvironment::systemEnvironment(),
+                            QApplication::applicationDirPath());
+    ModuloPrincipal m;
+    m.CarpetaAplicacion = QApplication::applicationDirPath();
+    m.NombreEjecutable = QFileInfo(QApplication::applicationFilePath()).completeBaseName();
+    m.CarpetaDatos = linea.carpetaDatos;
+    if (!linea.servidor.isEmpty()) {
+        m.setServidor(linea.servidor);
+    }
+    if (!linea.registroCajas.isEmpty()) {
+        // A desk without a person in front of it (tests, demos): boxes are written to a file.
+        auto registro = std::make_unique<RegistroCajas>(linea.registroCajas);
+        registro->responder(linea.respuestasCajas);
+        m.setCajas(std::move(registro));
+    } else {
+        m.setCajas(std::make_unique<CajaMensajesQt>());
+    }
+
+    // A second start of the same installation ends at once, silently.
+    const InstanciaUnica instancia(m.CarpetaDatos);
+    if (instancia.hayOtra()) {
+        return 0;
+    }
+
+    Form1 form1(m, linea.palabras);
+    if (!form1.Initialize()) {
+        return 0;
+    }
+    form1.show();
+    form1.activateWindow();
+    return QApplication::exec();
+}

@@ -7,8 +7,8 @@
 // One product line of an order, in wire order.
 struct ProductoPedido {
     qint16 Cantidad = 0;
-    QString Nombre;  // product name, then its options, joined by " - "
-    QString Precio;  // wire amount, without the euro sign
+    QString Nombre; // product name, then its options, joined by " - "
+    QString Precio; // wire amount, without the euro sign
     qint32 IdProducto = 0;
     qint32 IdCategoria = 0;
     QString Opciones; // kitchen option groups; empty when the wire had five pieces
@@ -58,5 +58,7 @@ inline const QString Rechazado = QStringLiteral("Rechazado");
 inline bool esAceptado(const QString& e) {
     return e == Aceptado || e == Preparado || e == EnReparto || e == Entregado;
 }
-inline bool esConocido(const QString& e) { return esAceptado(e) || e == Rechazado; }
+inline bool esConocido(const QString& e) {
+    return esAceptado(e) || e == Rechazado;
+}
 } // namespace estado

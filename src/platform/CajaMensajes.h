@@ -7,12 +7,12 @@
 // the answer is the button pressed. Everything the desk asks or reports goes through here,
 // so that tests can record and answer the boxes without a screen.
 namespace estilo {
-constexpr int SoloAceptar = 0;     // OK only
-constexpr int SiNo = 4;            // Yes, No
-constexpr int Critico = 16;        // red cross
-constexpr int Pregunta = 32;       // question mark
-constexpr int Exclamacion = 48;    // exclamation mark
-constexpr int Informacion = 64;    // information sign
+constexpr int SoloAceptar = 0;  // OK only
+constexpr int SiNo = 4;         // Yes, No
+constexpr int Critico = 16;     // red cross
+constexpr int Pregunta = 32;    // question mark
+constexpr int Exclamacion = 48; // exclamation mark
+constexpr int Informacion = 64; // information sign
 } // namespace estilo
 
 namespace respuesta {

@@ -42,7 +42,8 @@ RespuestaHttp CanalHttpQt::obtener(const QByteArray& url) {
         const QVariant estado = respuesta->attribute(QNetworkRequest::HttpStatusCodeAttribute);
         const bool cancelada = respuesta->error() == QNetworkReply::OperationCanceledError ||
                                respuesta->error() == QNetworkReply::TimeoutError;
-        r.conectado = !cancelada && (respuesta->error() == QNetworkReply::NoError || estado.isValid());
+        r.conectado =
+            !cancelada && (respuesta->error() == QNetworkReply::NoError || estado.isValid());
         if (r.conectado) {
             r.cuerpo = respuesta->readAll();
         }

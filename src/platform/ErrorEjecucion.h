@@ -28,7 +28,8 @@ public:
     const QString& descripcion() const noexcept { return descripcion_; }
     const char* what() const noexcept override { return what_.c_str(); }
 
-    // The standard text of a number ("Error definido por la aplicación o por el objeto" when unknown).
+    // The standard text of a number ("Error definido por la aplicación o por el objeto" when
+    // unknown).
     static QString textoDe(int numero);
 
     // "Error en tiempo de ejecución 'n': texto", the platform's report.

@@ -44,7 +44,9 @@ QString aTexto(const char* datos, qsizetype n) {
     return r;
 }
 
-QString aTexto(const QByteArray& bytes) { return aTexto(bytes.constData(), bytes.size()); }
+QString aTexto(const QByteArray& bytes) {
+    return aTexto(bytes.constData(), bytes.size());
+}
 
 QByteArray aBytes(const QString& texto) {
     QByteArray r(texto.size(), Qt::Uninitialized);

@@ -13,9 +13,13 @@ ModuloPrincipal::ModuloPrincipal(QObject* padre)
 
 ModuloPrincipal::~ModuloPrincipal() = default;
 
-void ModuloPrincipal::setReloj(std::unique_ptr<Reloj> r) { reloj_ = std::move(r); }
+void ModuloPrincipal::setReloj(std::unique_ptr<Reloj> r) {
+    reloj_ = std::move(r);
+}
 
-void ModuloPrincipal::setCajas(std::unique_ptr<CajaMensajes> c) { cajas_ = std::move(c); }
+void ModuloPrincipal::setCajas(std::unique_ptr<CajaMensajes> c) {
+    cajas_ = std::move(c);
+}
 
 void ModuloPrincipal::setCanales(std::unique_ptr<CanalHttp> directo,
                                  std::unique_ptr<CanalHttp> inet1,

@@ -44,7 +44,7 @@ public:
     QString ConsultarServidor(const QString& ruta);
 
     // --- where things are ----------------------------------------------------------
-    QString CarpetaDatos;     // config.txt and ultpedim.txt
+    QString CarpetaDatos;      // config.txt and ultpedim.txt
     QString CarpetaAplicacion; // App.Path: the executable's folder (melodies, updater)
     QString NombreEjecutable = QStringLiteral("TarvimentaPedidos"); // App.EXEName
 

@@ -1,0 +1,23 @@
+#include "platform/InstanciaUnica.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFileInfo>
+
+InstanciaUnica::InstanciaUnica(const QString& carpeta) {
+    QString ruta = QDir(carpeta).filePath(QStringLiteral(".TarvimentaPedidos.lock"));
+    if (!QFileInfo(carpeta).isWritable()) {
+        // A read-only installation still gets one lock of its own, named after its folder.
+        const QByteArray clave = QCryptographicHash::hash(QDir(carpeta).absolutePath().toUtf8(),
+                                                          QCryptographicHash::Sha1)
+                                     .toHex()
+                                     .left(16);
+        ruta = QDir::temp().filePath(QStringLiteral("TarvimentaPedidos-") +
+                                     QString::fromLatin1(clave) + QStringLiteral(".lock"));
+    }
+    cerrojo_ = std::make_unique<QLockFile>(ruta);
+    // Never stale by age: only a dead owner frees the lock (tryLock checks the owner's
+    // process and takes over a lock whose desk is gone).
+    cerrojo_->setStaleLockTime(0);
+    propia_ = cerrojo_->tryLock(0);
+}

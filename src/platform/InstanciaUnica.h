@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QLockFile>
+#include <QString>
+#include <memory>
+
+// One desk per installation: a lock file in the installation's data folder. A lock left by
+// a desk that was killed is recognised as stale (its process is gone) and taken over.
+class InstanciaUnica {
+public:
+    explicit InstanciaUnica(const QString& carpeta);
+    // True when another live desk already holds this installation.
+    bool hayOtra() const { return !propia_; }
+
+private:
+    std::unique_ptr<QLockFile> cerrojo_;
+    bool propia_ = false;
+};

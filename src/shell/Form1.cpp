@@ -1,0 +1,398 @@
+#include "shell/Form1.h"
+
+#include "orders/Sondeo.h"
+#include "platform/CajaMensajes.h"
+#include "platform/Controles_ui.h"
+#include "platform/EjecucionProtegida.h"
+#include "platform/Reloj.h"
+#include "platform/Temporizador.h"
+#include "shell/Logotipo_ui.h"
+#include "shell/ModuloPrincipal.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSessionManager>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+namespace {
+
+const QString kHayPendiente = QStringLiteral(
+    "Hay un pedido o mensaje sin responder, por favor, atienda el pedido/mensaje y luego "
+    "cierre el programa si lo desea.");
+const QString kSeguroCerrar = QStringLiteral(
+    "¿Está seguro que desea cerrar el programa? Si lo que desea es NO RECIBIR MÁS PEDIDOS POR "
+    "UN TIEMPO, por favor, responda No y utilice el botón Cerrar Temporalmente de la pantalla "
+    "principal.");
+
+template <typename T> T* crear(QWidget* padre, const char* nombre, const QString& texto = {}) {
+    auto* c = new T(padre); // owned by its parent window
+    c->setObjectName(QLatin1String(nombre));
+    if constexpr (std::is_base_of_v<QLineEdit, T>) {
+        c->setText(texto);
+        c->setReadOnly(true);
+    } else if constexpr (std::is_base_of_v<QGroupBox, T>) {
+        c->setTitle(texto);
+    } else if constexpr (!std::is_base_of_v<QTreeWidget, T>) {
+        c->setText(texto);
+    }
+    return c;
+}
+
+Temporizador* crearTimer(QObject* padre, const char* nombre) {
+    auto* t = new Temporizador(padre);
+    t->setObjectName(QLatin1String(nombre));
+    return t;
+}
+
+} // namespace
+
+Form1::Form1(ModuloPrincipal& m, QStringList palabras, QWidget* padre)
+    : QMainWindow(padre), m_(m), palabras_(std::move(palabras)),
+      timerPedidos_(crearTimer(this, "TimerPedidos")),
+      timerConfig_(crearTimer(this, "TimerConfig")),
+      timerPrimeraConfig_(crearTimer(this, "TimerPrimeraConfig")),
+      timerPedActualizado_(crearTimer(this, "TimerPedActualizado")),
+      timerMusica_(crearTimer(this, "TimerMusica")) {
+    setObjectName(QStringLiteral("Form1"));
+    setWindowTitle(QStringLiteral("Tarvimenta"));
+    construirControles();
+    construirMenu();
+
+    connect(&m_, &ModuloPrincipal::conexionEnLinea, this, &Form1::conexionEnLinea);
+    connect(&m_, &ModuloPrincipal::conexionPerdida, this, &Form1::conexionPerdida);
+    connect(&m_, &ModuloPrincipal::textoInfo, labelInfo_, &QLabel::setText);
+
+    connect(timerPrimeraConfig_, &Temporizador::tick, this,
+            [this] { protegido([this] { RefrescarConfiguracion(); }); });
+    connect(timerPedidos_, &Temporizador::tick, this, [this] {
+        protegido([this] {
+            if (!m_.PedidoNuevoPendiente && !m_.MensajeNuevoPendiente) {
+                ComprobarPedidosNuevos();
+            }
+        });
+    });
+    connect(timerConfig_, &Temporizador::tick, this,
+            [this] { protegido([this] { tickConfig(); }); });
+
+    // The end of the user's session closes the desk without asking.
+    connect(qApp, &QGuiApplication::commitDataRequest, this,
+            [this](QSessionManager&) { cierreSinPregunta_ = true; });
+}
+
+Form1::~Form1() = default;
+
+void Form1::construirControles() {
+    auto* central = new QWidget(this);
+    setCentralWidget(central);
+
+    textEstablecimiento_ =
+        crear<QLineEdit>(central, "TextEstablecimiento", QStringLiteral("No configurado"));
+    textEstadoConexion_ =
+        crear<QLineEdit>(central, "TextEstadoConexion", QStringLiteral("Sin conexión"));
+    textEstadoApertura_ = crear<QLineEdit>(central, "TextEstadoApertura");
+    textModo_ = crear<QLineEdit>(central, "TextModo", QStringLiteral("Modo impresión"));
+    textModo_->hide();
+    for (QLineEdit* t :
+         {textEstablecimiento_, textEstadoConexion_, textEstadoApertura_, textModo_}) {
+        t->setAlignment(Qt::AlignCenter);
+        QFont f = t->font();
+        f.setBold(true);
+        f.setPointSize(f.pointSize() + 2);
+        t->setFont(f);
+    }
+    labelInfo_ = crear<QLabel>(central, "LabelInfo");
+    labelInfo_->setWordWrap(true);
+    PonerColorTexto(labelInfo_, Qt::darkRed);
+
+    butCerrar_ = crear<QPushButton>(central, "butCerrar", QStringLiteral("Cerrar Temporalmente"));
+    butCerrar_->setEnabled(false);
+    butCancelarCerrar_ =
+        crear<QPushButton>(central, "butCancelarCerrar", QStringLiteral("Cancelar Cerrar"));
+    butCancelarCerrar_->hide();
+    auto* butHistorico =
+        crear<QPushButton>(central, "butHistoricoPedidos", QStringLiteral("Últimos Pedidos"));
+    auto* butUltimoMensaje =
+        crear<QPushButton>(central, "butUltimoMensaje", QStringLiteral("Último Mensaje"));
+    auto* butInformes = crear<QPushButton>(central, "butInformes", QStringLiteral("Informes"));
+    auto* butAgotados = crear<QPushButton>(central, "CommandProductosSinIngredientes",
+                                           QStringLiteral("Marcar Prod. Agotados"));
+    auto* label1 = crear<QLabel>(central, "Label1", QStringLiteral("Productos Agotados:"));
+    listaAgotados_ = crear<QTreeWidget>(central, "ListViewProductosNoIngredientes");
+    // Load only fixes how the list looks: one column of check boxes, no header.
+    listaAgotados_->setHeaderHidden(true);
+    listaAgotados_->setColumnCount(1);
+    listaAgotados_->setRootIsDecorated(false);
+    listaAgotados_->setMinimumHeight(140);
+
+    auto* picture1 = crear<QLabel>(central, "Picture1");
+    picture1->setPixmap(Logotipo(320, 64));
+    picture1->setAlignment(Qt::AlignCenter);
+
+    // Carried by the window but never shown; no logic reads them.
+    auto* resetPrinters =
+        crear<QPushButton>(central, "ResetPrinters", QStringLiteral("Resetear Impresoras"));
+    resetPrinters->hide();
+    auto* textKill = crear<QLineEdit>(
+        central, "TextKill", QStringLiteral("C:\\WINDOWS\\system32\\spool\\PRINTERS\\*.*"));
+    textKill->hide();
+    crear<QPushButton>(central, "Command3", QStringLiteral("Abre Pedido Nuevo"))->hide();
+    auto* frame1 = crear<QGroupBox>(central, "Frame1", QStringLiteral("Abierto:"));
+    auto* frame2 = crear<QGroupBox>(central, "Frame2", QStringLiteral("Envío:"));
+    frame1->hide();
+    frame2->hide();
+    const char* opciones[] = {"Option1", "Option2", "Option3", "Option4", "Option5", "Option6"};
+    const QString textosOpcion[] = {QStringLiteral("Sí"),         QStringLiteral("No"),
+                                    QStringLiteral("Automático"), QStringLiteral("Abrir"),
+                                    QStringLiteral("Cerrar"),     QStringLiteral("Activar")};
+    for (int i = 0; i < 6; ++i) {
+        crear<QRadioButton>(i < 3 ? frame1 : frame2, opciones[i], textosOpcion[i]);
+    }
+    const char* etiquetas[] = {"Label2", "Label3", "Label4", "Label5"};
+    for (int i = 0; i < 4; ++i) {
+        crear<QLabel>(central, etiquetas[i], i == 0 ? QStringLiteral("Desactivar") : QString())
+            ->hide();
+    }
+
+    auto* rejilla = new QGridLayout(central);
+    rejilla->addWidget(picture1, 0, 0, 1, 2);
+    rejilla->addWidget(textEstablecimiento_, 1, 0, 1, 2);
+    rejilla->addWidget(textEstadoConexion_, 2, 0);
+    rejilla->addWidget(textEstadoApertura_, 2, 1);
+    rejilla->addWidget(textModo_, 2, 1);
+    rejilla->addWidget(butCerrar_, 3, 0);
+    rejilla->addWidget(butCancelarCerrar_, 3, 1);
+    rejilla->addWidget(butHistorico, 4, 0);
+    rejilla->addWidget(butUltimoMensaje, 4, 1);
+    rejilla->addWidget(butInformes, 5, 0);
+    rejilla->addWidget(butAgotados, 5, 1);
+    rejilla->addWidget(label1, 6, 0, 1, 2);
+    rejilla->addWidget(listaAgotados_, 7, 0, 1, 2);
+    rejilla->addWidget(labelInfo_, 8, 0, 1, 2);
+    resize(420, 520);
+}
+
+void Form1::construirMenu() {
+    menu_ = menuBar()->addMenu(QStringLiteral("Menú"));
+    menu_->setObjectName(QStringLiteral("Menu"));
+    auto entrada = [this](const char* nombre, const QString& texto) {
+        QAction* a = menu_->addAction(texto);
+        a->setObjectName(QLatin1String(nombre));
+        return a;
+    };
+    entrada("Configuracion", QStringLiteral("Configuración General"));
+    entrada("Impresora", QStringLiteral("Configurarión de Impresoras"));
+    QAction* actualizar = entrada("Actualizar", QStringLiteral("Actualizar Configuración"));
+    accionMusica_ = entrada("Musica", QStringLiteral("Reproducir Música"));
+    entrada("Actualizaciones", QStringLiteral("Comprobar Actualizaciones"));
+    entrada("Admin", QStringLiteral("Admin"));
+
+    connect(actualizar, &QAction::triggered, this, [this] {
+        protegido([this] {
+            if (RefrescarConfiguracion()) {
+                m_.cajas().informacion(
+                    QStringLiteral("Se ha actualizado la configuración correctamente"));
+            } else {
+                m_.cajas().critico(QStringLiteral(
+                    "No se ha podido actualizar la configuración. Por favor, compruebe su "
+                    "conexión a Internet."));
+            }
+        });
+    });
+}
+
+void Form1::protegido(const std::function<void()>& manejador) {
+    EjecutarProtegido(m_.cajas(), manejador);
+}
+
+bool Form1::Initialize() {
+    m_.UrlBase = m_.UrlBaseHttps;
+    m_.ModoActualizador = false;
+    if (m_.NombreEjecutable == QLatin1String("TVU")) {
+        m_.ModoActualizador = true;
+    } else {
+        m_.NoActualizar =
+            !palabras_.isEmpty() && palabras_.first() == QLatin1String("noactualizar");
+        setWindowState(Qt::WindowNoState);
+    }
+    return true;
+}
+
+bool Form1::event(QEvent* e) {
+    if (e->type() == QEvent::WindowActivate) {
+        protegido([this] { Activate(); });
+    }
+    return QMainWindow::event(e);
+}
+
+void Form1::Activate() {
+    if (m_.ModoActualizador) {
+        return;
+    }
+    const bool yaIniciado = m_.InicioHecho;
+    if (!yaIniciado) {
+        IniciarPrograma();
+        MusicaSonando = false;
+        if (m_.MinimizarTrasResp) {
+            showMinimized();
+        }
+    }
+    if (!m_.PedidoNuevoPendiente) {
+        // Read again: the calls above may have yielded to the event queue.
+        if (!m_.PedidoNuevoPendiente && !m_.MensajeNuevoPendiente &&
+            (!yaIniciado || m_.ComprobarPedidoTrasAceptar)) {
+            ComprobarPedidosNuevos();
+        }
+    }
+    MarcandoProducto = false;
+}
+
+void Form1::IniciarPrograma() {
+    m_.PedidoNuevoPendiente = false;
+    m_.MensajeNuevoPendiente = false;
+    m_.ActualizacionComprobada = false;
+    if (m_.IdEstablecimiento >= 1) {
+        timerPrimeraConfig_->setInterval(3000);
+        timerPrimeraConfig_->setEnabled(true);
+        RefrescarConfiguracion();
+    }
+    m_.InicioHecho = true;
+}
+
+bool Form1::RefrescarConfiguracion() {
+    // The establishment's configuration reader arrives with its own module; until a
+    // reading succeeds the desk keeps waiting for the first configuration.
+    return false;
+}
+
+void Form1::AplicarConfiguracion() {
+    textEstablecimiento_->setText(m_.NombreEstablecimiento);
+    m_.TextoEstablecimiento = m_.NombreEstablecimiento;
+    PonerFondo(textEstablecimiento_, ColorVB(colores::Verde));
+    textEstadoConexion_->setText(QStringLiteral("En línea"));
+    PonerFondo(textEstadoConexion_, ColorVB(colores::Verde));
+    timerPedidos_->setInterval(m_.IntervaloEscaneoPedido);
+    timerPedidos_->setEnabled(true);
+    if (m_.IntervaloEscaneoConfiguracion > 0) {
+        timerConfig_->setInterval(m_.IntervaloEscaneoConfiguracion);
+        timerConfig_->setEnabled(true);
+    }
+    timerMusica_->setInterval(5000);
+    timerMusica_->setEnabled(true);
+    accionMusica_->setVisible(!m_.CancelarSonido);
+}
+
+void Form1::tickConfig() {
+    if (m_.PedidoNuevoPendiente || m_.MensajeNuevoPendiente) {
+        return;
+    }
+    const QDateTime ahora = m_.reloj().ahora();
+    // The zero date: the first tick always reads.
+    const qint64 segundos = UltimaLecturaConfig.isValid() ? UltimaLecturaConfig.secsTo(ahora)
+                                                          : std::numeric_limits<qint64>::max();
+    if (segundos >= m_.IntervaloEscaneoConfiguracion) {
+        UltimaLecturaConfig = ahora;
+        RefrescarConfiguracion();
+    }
+}
+
+void Form1::ComprobarPedidosNuevos() {
+    const QString respuesta = m_.ConsultarServidor(sondeo::RutaPedidosNuevos(m_));
+    switch (sondeo::Clasificar(respuesta)) {
+    case sondeo::Respuesta::EstadoApertura:
+        mostrarApertura(respuesta);
+        break;
+    case sondeo::Respuesta::Pedido:
+    case sondeo::Respuesta::ImprimirSesion:
+    case sondeo::Respuesta::ImprimirDia:
+    case sondeo::Respuesta::Mensaje:
+    case sondeo::Respuesta::ForzarActualizacion:
+    case sondeo::Respuesta::Nada:
+        break;
+    }
+}
+
+void Form1::mostrarApertura(const QString& respuesta) {
+    const sondeo::Apertura a = sondeo::LeerApertura(respuesta);
+    textEstadoApertura_->setText(a.texto);
+    PonerFondo(textEstadoApertura_, ColorVB(a.colorFondo));
+    butCancelarCerrar_->setVisible(a.cancelarCerrarVisible);
+    butCerrar_->setVisible(a.cerrarVisible);
+    if (a.habilitarCerrar) {
+        butCerrar_->setEnabled(true);
+    }
+}
+
+void Form1::conexionEnLinea() {
+    textEstadoConexion_->setText(QStringLiteral("En línea"));
+    PonerFondo(textEstadoConexion_, ColorVB(colores::Verde));
+}
+
+void Form1::conexionPerdida() {
+    textEstadoConexion_->setText(QStringLiteral("Sin conexión"));
+    PonerFondo(textEstadoConexion_, ColorVB(colores::Rojo));
+    textEstadoApertura_->setText(QStringLiteral("??"));
+    PonerFondo(textEstadoApertura_, ColorVB(colores::Blanco));
+}
+
+bool Form1::QueryUnload(int razon) {
+    if (razon != 0) {
+        return true;
+    }
+    if (m_.PedidoNuevoPendiente || m_.MensajeNuevoPendiente) {
+        m_.cajas().mostrar(kHayPendiente);
+        return false;
+    }
+    if (m_.cajas().mostrar(kSeguroCerrar, estilo::SiNo + estilo::Pregunta) != respuesta::Si) {
+        return false;
+    }
+    if (m_.RestId != 3) {
+        // Closing the program closes the establishment on the service; 3 is exempt.
+        m_.ConsultarServidor(QStringLiteral("establecimiento/cerrarAbrirEstablecHasta?id=") +
+                             QString::number(m_.RestId) + QStringLiteral("&accion=C"));
+    }
+    return true;
+}
+
+void Form1::closeEvent(QCloseEvent* e) {
+    if (descargado_) {
+        e->accept();
+        return;
+    }
+    bool cerrar = true;
+    const int razon = (!cierreSinPregunta_ && e->spontaneous()) ? 0 : 1;
+    protegido([&] { cerrar = QueryUnload(razon); });
+    if (!cerrar) {
+        e->ignore();
+        return;
+    }
+    e->accept();
+    Unload();
+}
+
+void Form1::Unload() {
+    if (descargado_) {
+        return;
+    }
+    descargado_ = true;
+    for (Temporizador* t :
+         {timerConfig_, timerMusica_, timerPedActualizado_, timerPedidos_, timerPrimeraConfig_}) {
+        t->setEnabled(false);
+    }
+    for (QWidget* w : QApplication::topLevelWidgets()) {
+        if (w != this) {
+            w->hide();
+        }
+    }
+    hide();
+    QApplication::quit();
+}

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <QDateTime>
+#include <QMainWindow>
+#include <QStringList>
+#include <functional>
+
+class ModuloPrincipal;
+class Temporizador;
+class QLineEdit;
+class QLabel;
+class QPushButton;
+class QTreeWidget;
+class QAction;
+class QMenu;
+
+// The main window: the anchor of the whole desk from start to end. It owns the five
+// timers that drive every repeating activity and shows who the desk is, whether the
+// service answers, and whether the establishment is open.
+class Form1 : public QMainWindow {
+    Q_OBJECT
+public:
+    Form1(ModuloPrincipal& m, QStringList palabras, QWidget* padre = nullptr);
+    ~Form1() override;
+
+    // The program's first code. False means the process must end at once, silently
+    // (another desk already runs this installation).
+    bool Initialize();
+
+    void IniciarPrograma();
+    bool RefrescarConfiguracion();
+    void AplicarConfiguracion();
+    void ComprobarPedidosNuevos();
+
+    // The closing question. `razon` 0 is the user's closing of the window, the only one
+    // that asks; any other (code, end of session) closes without a question. True when the
+    // desk may close.
+    bool QueryUnload(int razon);
+    // Stops every timer, closes every other window and ends the program.
+    void Unload();
+
+    ModuloPrincipal& modulo() { return m_; }
+    Temporizador& TimerPedidos() { return *timerPedidos_; }
+    Temporizador& TimerConfig() { return *timerConfig_; }
+    Temporizador& TimerPrimeraConfig() { return *timerPrimeraConfig_; }
+    Temporizador& TimerPedActualizado() { return *timerPedActualizado_; }
+    Temporizador& TimerMusica() { return *timerMusica_; }
+
+    bool MusicaSonando = false;
+    QDateTime UltimaLecturaConfig; // the zero date until the first periodic reading
+    bool MarcandoProducto = false;
+
+protected:
+    bool event(QEvent* e) override;
+    void closeEvent(QCloseEvent* e) override;
+
+private:
+    void construirControles();
+    void construirMenu();
+    void Activate();
+    void tickConfig();
+    void mostrarApertura(const QString& respuesta);
+    void conexionEnLinea();
+    void conexionPerdida();
+    void protegido(const std::function<void()>& manejador);
+
+    ModuloPrincipal& m_;
+    QStringList palabras_;
+    bool cierreSinPregunta_ = false;
+    bool descargado_ = false;
+
+    Temporizador* timerPedidos_;
+    Temporizador* timerConfig_;
+    Temporizador* timerPrimeraConfig_;
+    Temporizador* timerPedActualizado_;
+    Temporizador* timerMusica_;
+
+    QLineEdit* textEstablecimiento_ = nullptr;
+    QLineEdit* textEstadoConexion_ = nullptr;
+    QLineEdit* textEstadoApertura_ = nullptr;
+    QLineEdit* textModo_ = nullptr;
+    QLabel* labelInfo_ = nullptr;
+    QPushButton* butCerrar_ = nullptr;
+    QPushButton* butCancelarCerrar_ = nullptr;
+    QTreeWidget* listaAgotados_ = nullptr;
+    QMenu* menu_ = nullptr;
+    QAction* accionMusica_ = nullptr;
+};

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QList>
+#include <QProcessEnvironment>
+#include <QString>
+#include <QStringList>
+
+// The desk's command line. Options beginning with "--" are taken out first; what is
+// left are the words the program reads ("noactualizar", the updater's two words).
+//   --servidor=HOST[:PORT]/PATH/   (or TARVIMENTA_SERVIDOR) the service base, no scheme
+//   --carpeta=DIR                  (or TARVIMENTA_CARPETA) where config.txt and ultpedim.txt live
+//   --cajas=FILE                   (or TARVIMENTA_CAJAS) write message boxes to FILE, no screen
+//   --respuestas=si,no,...         (or TARVIMENTA_RESPUESTAS) answers to those boxes' questions
+struct LineaComandos {
+    QString servidor;
+    QString carpetaDatos;
+    QString registroCajas;
+    QList<int> respuestasCajas;
+    QStringList palabras;
+
+    static LineaComandos Leer(const QStringList& argumentos, const QProcessEnvironment& entorno,
+                              const QString& carpetaEjecutable);
+};

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "common/CanalFalso.h"
+#include "platform/CajaMensajes.h"
+#include "platform/Reloj.h"
+#include "shell/ModuloPrincipal.h"
+
+#include <QTemporaryDir>
+#include <memory>
+
+// A fresh desk state for one test: its own data folder, a fixed clock, recorded message
+// boxes and fake HTTP channels, service base "servidor.prueba/api/".
+struct Entorno {
+    Entorno();
+
+    QTemporaryDir carpeta;
+    ModuloPrincipal m;
+    RelojFijo* reloj = nullptr;
+    RegistroCajas* cajas = nullptr;
+    CanalesFalsos canales;
+};

@@ -1,0 +1,70 @@
+#include "common/Entorno.h"
+#include "orders/Sondeo.h"
+
+#include <gtest/gtest.h>
+
+using sondeo::Respuesta;
+
+TEST(Sondeo, LaPeticionLlevaLosValoresEnSuOrden) {
+    Entorno e;
+    e.m.RestId = 42;
+    e.m.Pgprs = QStringLiteral("clave");
+    e.m.NumConfig = 3;
+    EXPECT_EQ(sondeo::RutaPedidosNuevos(e.m),
+              QStringLiteral("pedidosgprs/pedidosnuevos?restid=42&password=clave&numconfig=3"
+                             "&modeloImpresora=3&version=1.6.2&printresumenauto=Falso"));
+    e.m.PrintResumenAuto = true;
+    EXPECT_TRUE(
+        sondeo::RutaPedidosNuevos(e.m).endsWith(QStringLiteral("&printresumenauto=Verdadero")));
+}
+
+TEST(Sondeo, LaLineaDePedidoSigueElPatronClasico) {
+    EXPECT_TRUE(sondeo::EsLineaPedido(QStringLiteral("#a#")));
+    EXPECT_TRUE(sondeo::EsLineaPedido(QStringLiteral("#1*2*3#")));
+    EXPECT_TRUE(sondeo::EsLineaPedido(QStringLiteral("###")));
+    EXPECT_TRUE(sondeo::EsLineaPedido(QStringLiteral("#a\rb#")));
+    EXPECT_FALSE(sondeo::EsLineaPedido(QStringLiteral("##")));
+    EXPECT_FALSE(sondeo::EsLineaPedido(QStringLiteral("#")));
+    EXPECT_FALSE(sondeo::EsLineaPedido(QStringLiteral("#a\nb#")));
+    EXPECT_FALSE(sondeo::EsLineaPedido(QStringLiteral(" #a#")));
+    EXPECT_FALSE(sondeo::EsLineaPedido(QStringLiteral("#a# ")));
+    EXPECT_FALSE(sondeo::EsLineaPedido(QString()));
+}
+
+TEST(Sondeo, LaPrimeraFilaQueCoincideGana) {
+    EXPECT_EQ(sondeo::Clasificar(QStringLiteral("#estadoapertura#")), Respuesta::Pedido);
+    EXPECT_EQ(sondeo::Clasificar(QStringLiteral("IMPSESION")), Respuesta::ImprimirSesion);
+    EXPECT_EQ(sondeo::Clasificar(QStringLiteral("IMPDIA")), Respuesta::ImprimirDia);
+    EXPECT_EQ(sondeo::Clasificar(QStringLiteral("IMPDIA ")), Respuesta::Nada);
+    EXPECT_EQ(sondeo::Clasificar(QStringLiteral("x estadoapertura:Abierto mensajeestablec")),
+              Respuesta::EstadoApertura);
+    EXPECT_EQ(sondeo::Clasificar(QStringLiteral("EstadoApertura:Abierto")), Respuesta::Nada);
+    EXPECT_EQ(sondeo::Clasificar(QStringLiteral("{\"mensajeestablec\":1}")), Respuesta::Mensaje);
+    EXPECT_EQ(sondeo::Clasificar(QStringLiteral("forzaractualizarahora:si")),
+              Respuesta::ForzarActualizacion);
+    EXPECT_EQ(sondeo::Clasificar(QStringLiteral("error")), Respuesta::Nada);
+    EXPECT_EQ(sondeo::Clasificar(QString()), Respuesta::Nada);
+}
+
+TEST(Sondeo, ElEstadoDeAperturaDaTextoColorYBotones) {
+    const auto abierto = sondeo::LeerApertura(QStringLiteral("estadoapertura:Abierto"));
+    EXPECT_EQ(abierto.texto, QStringLiteral("Abierto"));
+    EXPECT_EQ(abierto.colorFondo, 65280u);
+    EXPECT_FALSE(abierto.cancelarCerrarVisible);
+    EXPECT_TRUE(abierto.cerrarVisible);
+    EXPECT_TRUE(abierto.habilitarCerrar);
+
+    const auto cerrado = sondeo::LeerApertura(QStringLiteral("estadoapertura:Cerrado"));
+    EXPECT_EQ(cerrado.colorFondo, 255u);
+    EXPECT_TRUE(cerrado.cerrarVisible);
+
+    const auto hasta = sondeo::LeerApertura(QStringLiteral("estadoapertura:Cerrado hasta 23:45"));
+    EXPECT_EQ(hasta.texto, QStringLiteral("Cerrado hasta 23:45"));
+    EXPECT_EQ(hasta.colorFondo, 65535u);
+    EXPECT_TRUE(hasta.cancelarCerrarVisible);
+    EXPECT_FALSE(hasta.cerrarVisible);
+    EXPECT_FALSE(hasta.habilitarCerrar);
+    // Every occurrence of the marker goes, wherever it stands.
+    EXPECT_EQ(sondeo::LeerApertura(QStringLiteral("xestadoapertura:estadoapertura:Abierto")).texto,
+              QStringLiteral("xAbierto"));
+}

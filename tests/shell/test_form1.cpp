@@ -1,0 +1,238 @@
+#include "common/Entorno.h"
+#include "platform/Controles_ui.h"
+#include "platform/Temporizador.h"
+#include "shell/Form1.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+struct Form1_ : ::testing::Test {
+    Entorno e;
+    Form1 f{e.m, {}};
+
+    template <typename T = QWidget> T* control(const char* nombre) {
+        auto* c = f.findChild<T*>(QLatin1String(nombre));
+        EXPECT_NE(c, nullptr) << nombre;
+        return c;
+    }
+    QString texto(const char* nombre) { return control<QLineEdit>(nombre)->text(); }
+    QColor fondo(const char* nombre) { return Fondo(control(nombre)); }
+
+    void activar() {
+        f.show();
+        f.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&f, 3000));
+    }
+};
+
+} // namespace
+
+TEST_F(Form1_, LosControlesTienenSusTextosYVisibilidadDeDisenno) {
+    EXPECT_EQ(f.windowTitle(), QStringLiteral("Tarvimenta"));
+    f.show();
+    EXPECT_EQ(texto("TextEstablecimiento"), QStringLiteral("No configurado"));
+    EXPECT_EQ(texto("TextEstadoConexion"), QStringLiteral("Sin conexión"));
+    EXPECT_EQ(texto("TextEstadoApertura"), QString());
+    EXPECT_EQ(texto("TextModo"), QStringLiteral("Modo impresión"));
+    EXPECT_EQ(texto("TextKill"), QStringLiteral("C:\\WINDOWS\\system32\\spool\\PRINTERS\\*.*"));
+    struct Boton {
+        const char* nombre;
+        const char* texto;
+        bool visible;
+        bool habilitado;
+    };
+    for (const Boton& b :
+         {Boton{"butCerrar", "Cerrar Temporalmente", true, false},
+          Boton{"butCancelarCerrar", "Cancelar Cerrar", false, true},
+          Boton{"butHistoricoPedidos", "Últimos Pedidos", true, true},
+          Boton{"butUltimoMensaje", "Último Mensaje", true, true},
+          Boton{"butInformes", "Informes", true, true},
+          Boton{"CommandProductosSinIngredientes", "Marcar Prod. Agotados", true, true},
+          Boton{"ResetPrinters", "Resetear Impresoras", false, true},
+          Boton{"Command3", "Abre Pedido Nuevo", false, true}}) {
+        auto* w = control<QPushButton>(b.nombre);
+        ASSERT_NE(w, nullptr);
+        EXPECT_EQ(w->text(), QString::fromUtf8(b.texto)) << b.nombre;
+        EXPECT_EQ(w->isVisible(), b.visible) << b.nombre;
+        EXPECT_EQ(w->isEnabled(), b.habilitado) << b.nombre;
+    }
+    EXPECT_FALSE(control("TextModo")->isVisible());
+    EXPECT_FALSE(control("TextKill")->isVisible());
+    EXPECT_FALSE(control("Frame1")->isVisible());
+    EXPECT_EQ(control<QLabel>("Label1")->text(), QStringLiteral("Productos Agotados:"));
+    EXPECT_EQ(control<QLabel>("LabelInfo")->text(), QString());
+
+    auto* menu = control<QMenu>("Menu");
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->title(), QStringLiteral("Menú"));
+    QStringList entradas;
+    for (QAction* a : menu->actions()) {
+        entradas << a->objectName() + QLatin1Char('=') + a->text();
+    }
+    EXPECT_EQ(entradas, (QStringList{QStringLiteral("Configuracion=Configuración General"),
+                                     QStringLiteral("Impresora=Configurarión de Impresoras"),
+                                     QStringLiteral("Actualizar=Actualizar Configuración"),
+                                     QStringLiteral("Musica=Reproducir Música"),
+                                     QStringLiteral("Actualizaciones=Comprobar Actualizaciones"),
+                                     QStringLiteral("Admin=Admin")}));
+}
+
+TEST_F(Form1_, SinEstablecimientoLaPrimeraActivacionSondeaUnaVezYNadaMas) {
+    e.canales.directo->responder("estadoapertura:Abierto");
+    activar();
+    ASSERT_EQ(e.canales.directo->urls.size(), 1);
+    EXPECT_EQ(e.canales.directo->urls[0],
+              "https://servidor.prueba/api/pedidosgprs/pedidosnuevos?restid=0&password=&numconfig=0"
+              "&modeloImpresora=3&version=1.6.2&printresumenauto=Falso&fha=2026111490507");
+    EXPECT_TRUE(e.m.InicioHecho);
+    for (const char* t : {"TimerPedidos", "TimerConfig", "TimerPrimeraConfig",
+                          "TimerPedActualizado", "TimerMusica"}) {
+        EXPECT_FALSE(f.findChild<Temporizador*>(QLatin1String(t))->enabled()) << t;
+    }
+    EXPECT_EQ(texto("TextEstablecimiento"), QStringLiteral("No configurado"));
+    EXPECT_EQ(texto("TextEstadoApertura"), QStringLiteral("Abierto"));
+    EXPECT_EQ(fondo("TextEstadoApertura"), ColorVB(65280));
+    EXPECT_TRUE(control("butCerrar")->isEnabled());
+
+    // Becoming active again polls only when the configuration asks for it.
+    QEvent activacion(QEvent::WindowActivate);
+    QApplication::sendEvent(&f, &activacion);
+    EXPECT_EQ(e.canales.directo->urls.size(), 1);
+    e.m.ComprobarPedidoTrasAceptar = true;
+    e.canales.directo->responder("estadoapertura:Abierto");
+    QApplication::sendEvent(&f, &activacion);
+    EXPECT_EQ(e.canales.directo->urls.size(), 2);
+    // Not while an order waits.
+    e.m.PedidoNuevoPendiente = true;
+    QApplication::sendEvent(&f, &activacion);
+    EXPECT_EQ(e.canales.directo->urls.size(), 2);
+}
+
+TEST_F(Form1_, ConEstablecimientoArrancaTimerPrimeraConfigCadaTresSegundos) {
+    e.m.IdEstablecimiento = 7;
+    activar();
+    EXPECT_TRUE(f.TimerPrimeraConfig().enabled());
+    EXPECT_EQ(f.TimerPrimeraConfig().interval(), 3000);
+    EXPECT_FALSE(f.TimerPedidos().enabled());
+}
+
+TEST_F(Form1_, LaPantallaDeConexionSigueALaUltimaPeticion) {
+    e.m.UrlBase = e.m.UrlBaseHttp;
+    e.canales.directo->fallar();
+    f.ComprobarPedidosNuevos();
+    EXPECT_EQ(texto("TextEstadoConexion"), QStringLiteral("Sin conexión"));
+    EXPECT_EQ(fondo("TextEstadoConexion"), ColorVB(255));
+    EXPECT_EQ(texto("TextEstadoApertura"), QStringLiteral("??"));
+    EXPECT_EQ(fondo("TextEstadoApertura"), ColorVB(0xFFFFFF));
+    EXPECT_TRUE(e.cajas->cajas().isEmpty()) << "a failed poll shows no box";
+
+    e.canales.directo->responder("estadoapertura:Cerrado hasta 23:45");
+    f.ComprobarPedidosNuevos();
+    EXPECT_EQ(texto("TextEstadoConexion"), QStringLiteral("En línea"));
+    EXPECT_EQ(fondo("TextEstadoConexion"), ColorVB(65280));
+    EXPECT_EQ(texto("TextEstadoApertura"), QStringLiteral("Cerrado hasta 23:45"));
+    EXPECT_EQ(fondo("TextEstadoApertura"), ColorVB(65535));
+    f.show();
+    EXPECT_TRUE(control("butCancelarCerrar")->isVisible());
+    EXPECT_FALSE(control("butCerrar")->isVisible());
+
+    e.canales.directo->responder("estadoapertura:Cerrado");
+    f.ComprobarPedidosNuevos();
+    EXPECT_EQ(fondo("TextEstadoApertura"), ColorVB(255));
+    EXPECT_FALSE(control("butCancelarCerrar")->isVisible());
+    EXPECT_TRUE(control("butCerrar")->isVisible());
+    EXPECT_TRUE(control("butCerrar")->isEnabled());
+}
+
+TEST_F(Form1_, CerrarPreguntaYCierraElEstablecimiento) {
+    const QString pendiente = QStringLiteral(
+        "Hay un pedido o mensaje sin responder, por favor, atienda el pedido/mensaje y luego "
+        "cierre el programa si lo desea.");
+    const QString seguro = QStringLiteral(
+        "¿Está seguro que desea cerrar el programa? Si lo que desea es NO RECIBIR MÁS PEDIDOS POR "
+        "UN TIEMPO, por favor, responda No y utilice el botón Cerrar Temporalmente de la "
+        "pantalla principal.");
+    e.m.RestId = 12;
+
+    e.m.MensajeNuevoPendiente = true;
+    EXPECT_FALSE(f.QueryUnload(0));
+    ASSERT_EQ(e.cajas->cajas().size(), 1);
+    EXPECT_EQ(e.cajas->cajas()[0].texto, pendiente);
+    EXPECT_EQ(e.cajas->cajas()[0].estilo, 0);
+    e.m.MensajeNuevoPendiente = false;
+
+    e.cajas->responder({respuesta::No});
+    EXPECT_FALSE(f.QueryUnload(0));
+    ASSERT_EQ(e.cajas->cajas().size(), 2);
+    EXPECT_EQ(e.cajas->cajas()[1].texto, seguro);
+    EXPECT_EQ(e.cajas->cajas()[1].estilo, 36);
+    EXPECT_TRUE(e.canales.directo->urls.isEmpty());
+
+    e.cajas->responder({respuesta::Si});
+    e.canales.directo->responder("\"Cerrado\"");
+    EXPECT_TRUE(f.QueryUnload(0));
+    ASSERT_EQ(e.canales.directo->urls.size(), 1);
+    EXPECT_EQ(e.canales.directo->urls[0],
+              "https://servidor.prueba/api/establecimiento/"
+              "cerrarAbrirEstablecHasta?id=12&accion=C&fha=2026111490507");
+
+    // Closing for any other reason asks nothing and sends nothing.
+    e.m.PedidoNuevoPendiente = true;
+    EXPECT_TRUE(f.QueryUnload(2));
+    EXPECT_EQ(e.cajas->cajas().size(), 3);
+}
+
+TEST_F(Form1_, ElEstablecimientoTresNoSeCierraAlSalir) {
+    e.m.RestId = 3;
+    e.cajas->responder({respuesta::Si});
+    EXPECT_TRUE(f.QueryUnload(0));
+    EXPECT_TRUE(e.canales.directo->urls.isEmpty());
+}
+
+TEST_F(Form1_, AplicarConfiguracionArrancaLosTimersEnSuOrden) {
+    e.m.NombreEstablecimiento = QStringLiteral("Casa Pepe");
+    e.m.IntervaloEscaneoPedido = 1500;
+    e.m.IntervaloEscaneoConfiguracion = 0;
+    f.TimerConfig().setInterval(9000);
+    f.AplicarConfiguracion();
+    EXPECT_EQ(texto("TextEstablecimiento"), QStringLiteral("Casa Pepe"));
+    EXPECT_EQ(fondo("TextEstablecimiento"), ColorVB(65280));
+    EXPECT_EQ(texto("TextEstadoConexion"), QStringLiteral("En línea"));
+    EXPECT_TRUE(f.TimerPedidos().enabled());
+    EXPECT_EQ(f.TimerPedidos().interval(), 1500);
+    // 0 leaves TimerConfig as it was.
+    EXPECT_FALSE(f.TimerConfig().enabled());
+    EXPECT_EQ(f.TimerConfig().interval(), 9000);
+    EXPECT_TRUE(f.TimerMusica().enabled());
+    EXPECT_EQ(f.TimerMusica().interval(), 5000);
+    e.m.IntervaloEscaneoConfiguracion = 600;
+    f.AplicarConfiguracion();
+    EXPECT_TRUE(f.TimerConfig().enabled());
+    EXPECT_EQ(f.TimerConfig().interval(), 600);
+}
+
+TEST_F(Form1_, TimerConfigLeeSoloCuandoPasaronLosSegundos) {
+    e.m.IntervaloEscaneoConfiguracion = 600;
+    EXPECT_FALSE(f.UltimaLecturaConfig.isValid());
+    f.TimerConfig().disparar();
+    const QDateTime primera = e.reloj->ahora();
+    EXPECT_EQ(f.UltimaLecturaConfig, primera) << "the first tick always reads";
+    e.reloj->avanzarSegundos(599);
+    f.TimerConfig().disparar();
+    EXPECT_EQ(f.UltimaLecturaConfig, primera);
+    e.reloj->avanzarSegundos(1);
+    f.TimerConfig().disparar();
+    EXPECT_EQ(f.UltimaLecturaConfig, e.reloj->ahora());
+    e.reloj->avanzarSegundos(900);
+    e.m.PedidoNuevoPendiente = true;
+    const QDateTime antes = f.UltimaLecturaConfig;
+    f.TimerConfig().disparar();
+    EXPECT_EQ(f.UltimaLecturaConfig, antes);
+}
