@@ -41,10 +41,12 @@ int main(int argc, char** argv) {
     }
 
     Form1 form1(m, linea.palabras);
+    form1.setVolcado(linea.volcado);
     if (!form1.Initialize()) {
         return 0;
     }
     form1.show();
     form1.activateWindow();
+    form1.volcar();
     return QApplication::exec();
 }

@@ -6,6 +6,7 @@
 #include "platform/EjecucionProtegida.h"
 #include "platform/Reloj.h"
 #include "platform/Temporizador.h"
+#include "platform/Volcado_ui.h"
 #include "shell/Logotipo_ui.h"
 #include "shell/ModuloPrincipal.h"
 
@@ -212,6 +213,13 @@ void Form1::construirMenu() {
 
 void Form1::protegido(const std::function<void()>& manejador) {
     EjecutarProtegido(m_.cajas(), manejador);
+    volcar();
+}
+
+void Form1::volcar() {
+    if (!volcado_.isEmpty()) {
+        VolcarVentana(this, volcado_);
+    }
 }
 
 bool Form1::Initialize() {

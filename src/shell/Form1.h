@@ -40,6 +40,9 @@ public:
     void Unload();
 
     ModuloPrincipal& modulo() { return m_; }
+    // Keeps a file with what the window shows, rewritten after every event handled.
+    void setVolcado(const QString& fichero) { volcado_ = fichero; }
+    void volcar();
     Temporizador& TimerPedidos() { return *timerPedidos_; }
     Temporizador& TimerConfig() { return *timerConfig_; }
     Temporizador& TimerPrimeraConfig() { return *timerPrimeraConfig_; }
@@ -66,6 +69,7 @@ private:
 
     ModuloPrincipal& m_;
     QStringList palabras_;
+    QString volcado_;
     bool cierreSinPregunta_ = false;
     bool descargado_ = false;
 

@@ -54,6 +54,7 @@ LineaComandos LineaComandos::Leer(const QStringList& argumentos, const QProcessE
         QDir().mkpath(l.carpetaDatos);
         l.carpetaDatos = QDir(l.carpetaDatos).absolutePath();
     }
+    l.volcado = leer(QStringLiteral("volcado"), QStringLiteral("TARVIMENTA_VOLCADO"));
     l.registroCajas = leer(QStringLiteral("cajas"), QStringLiteral("TARVIMENTA_CAJAS"));
     const QString respuestas =
         leer(QStringLiteral("respuestas"), QStringLiteral("TARVIMENTA_RESPUESTAS"));

@@ -11,11 +11,14 @@
 //   --carpeta=DIR                  (or TARVIMENTA_CARPETA) where config.txt and ultpedim.txt live
 //   --cajas=FILE                   (or TARVIMENTA_CAJAS) write message boxes to FILE, no screen
 //   --respuestas=si,no,...         (or TARVIMENTA_RESPUESTAS) answers to those boxes' questions
+//   --volcado=FILE                 (or TARVIMENTA_VOLCADO) keep FILE with what the main window
+//   shows
 struct LineaComandos {
     QString servidor;
     QString carpetaDatos;
     QString registroCajas;
     QList<int> respuestasCajas;
+    QString volcado;
     QStringList palabras;
 
     static LineaComandos Leer(const QStringList& argumentos, const QProcessEnvironment& entorno,
