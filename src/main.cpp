@@ -3,6 +3,7 @@
 #include "platform/CajaMensajes.h"
 #include "platform/CajaMensajesQt_ui.h"
 #include "platform/InstanciaUnica.h"
+#include "platform/SenalesTerminacion.h"
 #include "shell/Form1.h"
 #include "shell/LineaComandos.h"
 #include "shell/ModuloPrincipal.h"
@@ -45,6 +46,13 @@ int main(int argc, char** argv) {
     if (!form1.Initialize()) {
         return 0;
     }
+    // Stopped by the system: close as at the end of a session, without a question.
+    SenalesTerminacion senales;
+    QObject::connect(&senales, &SenalesTerminacion::terminar, &form1, [&form1] {
+        if (form1.QueryUnload(2)) {
+            form1.Unload();
+        }
+    });
     form1.show();
     form1.activateWindow();
     form1.volcar();

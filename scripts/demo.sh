@@ -1,0 +1,63 @@
+#!/usr/bin/env bash
+# Sets everything up and runs the desk against the stand-in service with a demo
+# establishment. On a machine without a display the desk runs under Xvfb. Ctrl-C stops
+# both cleanly.
+set -euo pipefail
+raiz="$(cd "$(dirname "$0")/.." && pwd)"
+cd "$raiz"
+
+bash scripts/instalar-dependencias.sh
+bash scripts/compilar.sh normal
+
+bin="$raiz/build/normal/bin"
+trabajo="${TARVIMENTA_DEMO_DIR:-$raiz/build/demo}"
+mkdir -p "$trabajo/datos" "$trabajo/impresoras"
+
+pids=()
+parar() {
+    trap - INT TERM EXIT
+    echo
+    echo "demo: parando"
+    for p in "${pids[@]}"; do
+        kill -TERM "$p" 2>/dev/null || true
+    done
+    for p in "${pids[@]}"; do
+        for _ in $(seq 50); do
+            kill -0 "$p" 2>/dev/null || break
+            sleep 0.1
+        done
+        kill -KILL "$p" 2>/dev/null || true
+    done
+}
+trap parar INT TERM EXIT
+
+# The stand-in service, with the demo establishment and its printers writing to files.
+coproc SIM { exec "$bin/simulador" --puerto=0 --impresoras-ep="$trabajo/impresoras" --pedidos-cada=30; }
+pids+=("$SIM_PID")
+puerto=""
+for _ in $(seq 100); do
+    if read -r -t 0.2 linea <&"${SIM[0]}"; then
+        case "$linea" in PUERTO\ *) puerto="${linea#PUERTO }"; break ;; esac
+    fi
+done
+if [ -z "$puerto" ]; then
+    echo "demo: el simulador no arrancó" >&2
+    exit 1
+fi
+echo "demo: servicio de prueba en http://127.0.0.1:$puerto/api/"
+
+if [ -z "${DISPLAY:-}" ] && [ "${QT_QPA_PLATFORM:-}" != "offscreen" ]; then
+    Xvfb :77 -screen 0 1280x800x24 -nolisten tcp >/dev/null 2>&1 &
+    pids+=("$!")
+    export DISPLAY=:77
+    for _ in $(seq 50); do
+        [ -e /tmp/.X11-unix/X77 ] && break
+        sleep 0.1
+    done
+    echo "demo: sin pantalla; el escritorio corre en Xvfb $DISPLAY"
+fi
+
+"$bin/TarvimentaPedidos" --servidor="127.0.0.1:$puerto/api/" --carpeta="$trabajo/datos" "$@" &
+pids+=("$!")
+echo "demo: escritorio en marcha (datos en $trabajo/datos, tickets en $trabajo/impresoras); Ctrl-C para parar"
+wait "${pids[-1]}" || true
