@@ -7,6 +7,7 @@
 #include "platform/Reloj.h"
 #include "platform/Temporizador.h"
 #include "platform/Volcado_ui.h"
+#include "shell/ArchivosLocales.h"
 #include "shell/Logotipo_ui.h"
 #include "shell/ModuloPrincipal.h"
 
@@ -224,6 +225,9 @@ void Form1::volcar() {
 
 bool Form1::Initialize() {
     m_.UrlBase = m_.UrlBaseHttps;
+    // A folder where config.txt cannot be read or made is reported, and the desk goes on
+    // as a desk without an establishment.
+    protegido([this] { LeerConfigTxt(m_); });
     m_.ModoActualizador = false;
     if (m_.NombreEjecutable == QLatin1String("TVU")) {
         m_.ModoActualizador = true;
