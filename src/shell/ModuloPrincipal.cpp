@@ -3,19 +3,25 @@
 #include "platform/CajaMensajes.h"
 #include "platform/CanalHttp.h"
 #include "platform/Reloj.h"
+#include "printing/CanalEP.h"
 #include "server/Pasarela.h"
 
 ModuloPrincipal::ModuloPrincipal(QObject* padre)
     : QObject(padre), reloj_(std::make_unique<RelojSistema>()),
-      cajas_(std::make_unique<RegistroCajas>()), pasarela_(std::make_unique<Pasarela>(*this)) {
+      cajas_(std::make_unique<RegistroCajas>()), pasarela_(std::make_unique<Pasarela>(*this)),
+      canalEP_(std::make_unique<CanalEP>()) {
     setServidor(ServidorPorDefecto);
 }
 
 ModuloPrincipal::~ModuloPrincipal() = default;
 
-void ModuloPrincipal::setReloj(std::unique_ptr<Reloj> r) { reloj_ = std::move(r); }
+void ModuloPrincipal::setReloj(std::unique_ptr<Reloj> r) {
+    reloj_ = std::move(r);
+}
 
-void ModuloPrincipal::setCajas(std::unique_ptr<CajaMensajes> c) { cajas_ = std::move(c); }
+void ModuloPrincipal::setCajas(std::unique_ptr<CajaMensajes> c) {
+    cajas_ = std::move(c);
+}
 
 void ModuloPrincipal::setCanales(std::unique_ptr<CanalHttp> directo,
                                  std::unique_ptr<CanalHttp> inet1,
