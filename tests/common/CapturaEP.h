@@ -1,0 +1,54 @@
+#pragma once
+
+#include "platform/ErrorEjecucion.h"
+#include "printing/CanalEP.h"
+#include "shell/ModuloPrincipal.h"
+
+#include <QByteArray>
+#include <QHash>
+#include <QSet>
+#include <memory>
+
+// Sends the raw tickets of a desk to memory: each EPConexion gets its own buffer. A connection
+// listed in `ausentes` behaves like a port that doesn't exist.
+class CapturaEP {
+public:
+    explicit CapturaEP(ModuloPrincipal& m) {
+        m.canalEP().setAbridor([this](const QString& conexion) -> std::unique_ptr<DestinoEP> {
+            ++aperturas_[conexion];
+            if (ausentes.contains(conexion)) {
+                throw ErrorEjecucion(ErrorEjecucion::ArchivoNoEncontrado);
+            }
+            auto& d = datos_[conexion];
+            if (!d.bytes) {
+                d.bytes = std::make_shared<QByteArray>();
+                d.cierres = std::make_shared<int>(0);
+            }
+            return std::make_unique<DestinoMemoria>(d.bytes, d.cierres);
+        });
+    }
+
+    QByteArray bytes(const QString& conexion) const {
+        const auto it = datos_.find(conexion);
+        return it == datos_.end() ? QByteArray() : *it->bytes;
+    }
+    int cierres(const QString& conexion) const {
+        const auto it = datos_.find(conexion);
+        return it == datos_.end() ? 0 : *it->cierres;
+    }
+    int aperturas(const QString& conexion) const { return aperturas_.value(conexion); }
+    void limpiar() {
+        datos_.clear();
+        aperturas_.clear();
+    }
+
+    QSet<QString> ausentes;
+
+private:
+    struct Datos {
+        std::shared_ptr<QByteArray> bytes;
+        std::shared_ptr<int> cierres;
+    };
+    QHash<QString, Datos> datos_;
+    QHash<QString, int> aperturas_;
+};
