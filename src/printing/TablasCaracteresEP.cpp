@@ -2,7 +2,47 @@
 
 #include "platform/Windows1252.h"
 
+#include <QHash>
+
 namespace {
+
+// Every key of both tables is one character outside ASCII, and no replacement yields a key
+// that a later pair would replace, so one pass over the text with a character map gives what
+// the pairs in table order give.
+using MapaCaracteres = QHash<char16_t, QString>;
+
+MapaCaracteres mapaDe(const TablaReemplazos& tabla) {
+    MapaCaracteres mapa;
+    for (const auto& [de, a] : tabla) {
+        if (!mapa.contains(de.front().unicode())) {
+            mapa.insert(de.front().unicode(), a);
+        }
+    }
+    return mapa;
+}
+
+QString reemplazarCaracteres(const QString& texto, const MapaCaracteres& mapa) {
+    qsizetype i = 0;
+    const qsizetype n = texto.size();
+    while (i < n && texto[i].unicode() < 0x80) {
+        ++i;
+    }
+    if (i == n) {
+        return texto;
+    }
+    QString r = texto.left(i);
+    r.reserve(n);
+    for (; i < n; ++i) {
+        const char16_t c = texto[i].unicode();
+        const auto it = c < 0x80 ? mapa.cend() : mapa.constFind(c);
+        if (it == mapa.cend()) {
+            r += QChar(c);
+        } else {
+            r += *it;
+        }
+    }
+    return r;
+}
 
 QPair<QString, QString> aByte(const char16_t* caracter, int byte) {
     return {QString::fromUtf16(caracter), QString(cp1252::chr(byte))};
@@ -13,7 +53,9 @@ QPair<QString, QString> aByte(const char16_t* caracter, int byte) {
 QString ReemplazarLista(const QString& texto, const TablaReemplazos& tabla) {
     QString r = texto;
     for (const auto& [de, a] : tabla) {
-        r.replace(de, a, Qt::CaseSensitive);
+        if (r.contains(de, Qt::CaseSensitive)) {
+            r.replace(de, a, Qt::CaseSensitive);
+        }
     }
     return r;
 }
@@ -40,9 +82,11 @@ const TablaReemplazos& TablaCaracEsp() {
 }
 
 QString ConvertirPC858(const QString& texto) {
-    return ReemplazarLista(texto, TablaPC858());
+    static const MapaCaracteres mapa = mapaDe(TablaPC858());
+    return reemplazarCaracteres(texto, mapa);
 }
 
 QString QuitarCaracEsp(const QString& texto) {
-    return ReemplazarLista(texto, TablaCaracEsp());
+    static const MapaCaracteres mapa = mapaDe(TablaCaracEsp());
+    return reemplazarCaracteres(texto, mapa);
 }

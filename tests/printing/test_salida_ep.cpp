@@ -111,3 +111,24 @@ TEST(LineaEP, TextoVacioEsSoloSaltoYLosCRLFSalenTalCual) {
 }
 
 } // namespace
+
+namespace {
+
+// The quick forms of both tables must give what their pairs give one after the other, for
+// every character a ticket can carry and for texts that mix them.
+TEST(TablasEP, FormaRapidaIgualALaListaDePares) {
+    QString todos;
+    for (int n = 1; n < 256; ++n) {
+        todos += cp1252::chr(n);
+    }
+    todos += u"°´"_qs;
+    EXPECT_EQ(ConvertirPC858(todos), ReemplazarLista(todos, TablaPC858()));
+    EXPECT_EQ(QuitarCaracEsp(todos), ReemplazarLista(todos, TablaCaracEsp()));
+    for (int n = 1; n < 256; ++n) {
+        const QString uno(cp1252::chr(n));
+        EXPECT_EQ(ConvertirPC858(uno), ReemplazarLista(uno, TablaPC858())) << n;
+        EXPECT_EQ(QuitarCaracEsp(uno), ReemplazarLista(uno, TablaCaracEsp())) << n;
+    }
+}
+
+} // namespace
