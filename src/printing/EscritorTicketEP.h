@@ -2,7 +2,9 @@
 
 #include "printing/ClassConfigImpresora.h"
 
+#include <QByteArray>
 #include <QString>
+#include <optional>
 
 class CanalEP;
 class ModuloPrincipal;
@@ -40,6 +42,9 @@ private:
     ModuloPrincipal& m_;
     CanalEP& canal_;
     ClassConfigImpresora& imp_;
+    // The two size commands, read at their first use (a bad one fails there, as it would
+    // on every use).
+    std::optional<QByteArray> normal_, grande_;
 };
 
 // The room left on the last line of a text of `largo` characters at width w.

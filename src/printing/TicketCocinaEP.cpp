@@ -20,10 +20,20 @@ const QString& pieza(const QStringList& piezas, qsizetype i) {
     return piezas[i];
 }
 
-// An id against a list of numbers; a piece that isn't a number is a type mismatch.
-bool estaEnLista(qint32 id, const QStringList& lista) {
-    for (const QString& n : lista) {
-        const auto v = conv_ep::Valor(n);
+// A list of ids as the platform reads them: a piece that isn't a number is kept as such and
+// is a type mismatch when a comparison reaches it.
+using ListaIds = QList<std::optional<double>>;
+
+ListaIds leerLista(const QString& texto) {
+    ListaIds lista;
+    for (const QString& n : conv_ep::Partir(texto, QStringLiteral(","))) {
+        lista.append(conv_ep::Valor(n));
+    }
+    return lista;
+}
+
+bool estaEnLista(qint32 id, const ListaIds& lista) {
+    for (const auto& v : lista) {
         if (!v) {
             throw ErrorEjecucion(ErrorEjecucion::NoCoincidenLosTipos);
         }
@@ -47,10 +57,9 @@ public:
         if (imp_.FormaEnvio == 2 && p_.FormaEntrega != recogen) {
             return;
         }
-        const QString coma = QStringLiteral(",");
-        categorias_ = conv_ep::Partir(imp_.CategoriasIds, coma);
-        excepciones_ = conv_ep::Partir(imp_.ProductosExcepIds, coma);
-        extras_ = conv_ep::Partir(imp_.ProductosIds, coma);
+        categorias_ = leerLista(imp_.CategoriasIds);
+        excepciones_ = leerLista(imp_.ProductosExcepIds);
+        extras_ = leerLista(imp_.ProductosIds);
         w_ = ColumnasEP(imp_.EPNumColumnas, imp_.EPComDobleAltoActivar,
                         imp_.ProductosYComentariosGrande);
 
@@ -255,7 +264,7 @@ private:
     Pedido& p_;
     ClassConfigImpresora& imp_;
     EscritorTicketEP t_;
-    QStringList categorias_, excepciones_, extras_;
+    ListaIds categorias_, excepciones_, extras_;
     int w_ = 0;
     bool cabeceraHecha_ = false;
 };
