@@ -1,24 +1,18 @@
 #pragma once
 
-#include "platform/ErrorEjecucion.h"
 #include "printing/CanalEP.h"
 #include "shell/ModuloPrincipal.h"
 
 #include <QByteArray>
 #include <QHash>
-#include <QSet>
 #include <memory>
 
-// Sends the raw tickets of a desk to memory: each EPConexion gets its own buffer. A connection
-// listed in `ausentes` behaves like a port that doesn't exist.
+// Sends the raw tickets of a desk to memory: each EPConexion gets its own buffer.
 class CapturaEP {
 public:
     explicit CapturaEP(ModuloPrincipal& m) {
         m.canalEP().setAbridor([this](const QString& conexion) -> std::unique_ptr<DestinoEP> {
             ++aperturas_[conexion];
-            if (ausentes.contains(conexion)) {
-                throw ErrorEjecucion(ErrorEjecucion::ArchivoNoEncontrado);
-            }
             auto& d = datos_[conexion];
             if (!d.bytes) {
                 d.bytes = std::make_shared<QByteArray>();
@@ -41,8 +35,6 @@ public:
         datos_.clear();
         aperturas_.clear();
     }
-
-    QSet<QString> ausentes;
 
 private:
     struct Datos {

@@ -1,5 +1,6 @@
 // The customer ticket, byte by byte, for the kinds of order and the printer's options.
 #include "bytes_esperados.h"
+#include "printing/EscritorTicketEP.h"
 #include "printing/TicketClienteEP.h"
 
 namespace {
@@ -202,5 +203,19 @@ TEST_P(TicketClienteLlano, ReemplazarCaracEspConYSinPC858) {
 }
 
 INSTANTIATE_TEST_SUITE_P(ConYSinPC858, TicketClienteLlano, ::testing::Bool());
+
+} // namespace
+
+namespace {
+
+TEST(OpcionesEnLineas, GrupoConComaSeParteTrasLosDosPuntos) {
+    EXPECT_EQ(ReformatearOpciones(u" -Tamaño: Grande - Extras: Queso, Jamón"_qs),
+              u" -Tamaño: Grande\n -Extras: \n  Queso\n  Jamón"_qs);
+    // Without a comma after a colon only the groups are separated.
+    EXPECT_EQ(ReformatearOpciones(" -Masa: Fina - Punto: Hecho"), " -Masa: Fina\n -Punto: Hecho");
+    // Three elements: the comma search reaches back to the last comma of the group.
+    EXPECT_EQ(ReformatearOpciones("1 X Ensalada: Tomate, Atún, Maíz"),
+              u"1 X Ensalada: \n  Tomate\n  Atún\n  Maíz"_qs);
+}
 
 } // namespace
