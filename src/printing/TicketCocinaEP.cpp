@@ -47,7 +47,7 @@ bool estaEnLista(qint32 id, const ListaIds& lista) {
 class TicketCocina {
 public:
     TicketCocina(ModuloPrincipal& m, CanalEP& canal, ClassConfigImpresora& imp)
-        : m_(m), p_(m.PedidoActual), imp_(imp), t_(m, canal, imp) {}
+        : p_(m.PedidoActual), imp_(imp), t_(m, canal, imp) {}
 
     void escribir() {
         const QString recogen = QStringLiteral("Recogen");
@@ -262,7 +262,6 @@ private:
         t_.comando(imp_.EPComExtrasFin);
     }
 
-    ModuloPrincipal& m_;
     Pedido& p_;
     ClassConfigImpresora& imp_;
     EscritorTicketEP t_;
