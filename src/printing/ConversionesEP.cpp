@@ -78,13 +78,39 @@ std::optional<QString> normalizar(const QString& texto) {
     return c;
 }
 
+// Plain digits, perhaps between blanks: the usual case of ids and command bytes.
+std::optional<double> valorDigitos(const QString& texto) {
+    qsizetype i = 0, n = texto.size();
+    while (i < n && esBlanco(texto[i])) {
+        ++i;
+    }
+    while (n > i && esBlanco(texto[n - 1])) {
+        --n;
+    }
+    if (i == n || n - i > 15) {
+        return std::nullopt;
+    }
+    qint64 v = 0;
+    for (; i < n; ++i) {
+        const char16_t c = texto[i].unicode();
+        if (c < u'0' || c > u'9') {
+            return std::nullopt;
+        }
+        v = v * 10 + (c - u'0');
+    }
+    return static_cast<double>(v);
+}
+
 } // namespace
 
 bool EsNumerico(const QString& texto) {
-    return normalizar(texto).has_value();
+    return valorDigitos(texto).has_value() || normalizar(texto).has_value();
 }
 
 std::optional<double> Valor(const QString& texto) {
+    if (const auto v = valorDigitos(texto)) {
+        return v;
+    }
     const auto c = normalizar(texto);
     if (!c) {
         return std::nullopt;

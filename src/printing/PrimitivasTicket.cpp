@@ -88,8 +88,10 @@ QString HoraEntregaEstimada(const Pedido& pedido) {
     const qint64 minutos =
         conv_ep::AEntero(pedido.TiempoEstimado, std::numeric_limits<qint32>::min(),
                          std::numeric_limits<qint32>::max());
-    const QDateTime base =
+    const QDateTime aceptada =
         pedido.HoraAceptacion.isValid() ? pedido.HoraAceptacion : conv_ep::FechaCero();
+    // Clock arithmetic on the wall time, as the classic dates do: no daylight-saving jumps.
+    const QDateTime base(aceptada.date(), aceptada.time(), Qt::UTC);
     const QStringList piezas = conv_ep::TextoFechaHora(base.addSecs(minutos * 60)).split(u' ');
     if (piezas.size() < 2) {
         return QStringLiteral("0:00");

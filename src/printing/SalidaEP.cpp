@@ -6,13 +6,19 @@
 #include "printing/TablasCaracteresEP.h"
 
 QByteArray BytesComandoEP(const QString& comando) {
-    const QStringList piezas = conv_ep::Partir(comando, QStringLiteral(","));
     QByteArray bytes;
-    if (piezas.isEmpty() || piezas.size() > 6) {
+    const qsizetype piezas = comando.isEmpty() ? 0 : comando.count(u',') + 1;
+    if (piezas == 0 || piezas > 6) {
         return bytes;
     }
-    for (const QString& p : piezas) {
-        bytes.append(static_cast<char>(conv_ep::AEntero(p, 0, 255)));
+    qsizetype desde = 0;
+    for (qsizetype k = 0; k < piezas; ++k) {
+        qsizetype fin = comando.indexOf(u',', desde);
+        if (fin < 0) {
+            fin = comando.size();
+        }
+        bytes.append(static_cast<char>(conv_ep::AEntero(comando.mid(desde, fin - desde), 0, 255)));
+        desde = fin + 1;
     }
     return bytes;
 }

@@ -47,7 +47,7 @@ bool estaEnLista(qint32 id, const ListaIds& lista) {
 class TicketCocina {
 public:
     TicketCocina(ModuloPrincipal& m, CanalEP& canal, ClassConfigImpresora& imp)
-        : m_(m), p_(m.PedidoActual), imp_(imp), t_(m, canal, imp) {}
+        : p_(m.PedidoActual), imp_(imp), t_(m, canal, imp) {}
 
     void escribir() {
         const QString recogen = QStringLiteral("Recogen");
@@ -122,14 +122,16 @@ private:
     }
 
     void opciones(const ProductoPedido& prod) {
-        const QStringList items = conv_ep::Partir(prod.Opciones, QStringLiteral("&&"));
-        const QString separador = QStringLiteral("//");
-        for (const QString& item : items) {
-            const QStringList campos = conv_ep::Partir(item, separador);
+        // Every item cut into its fields once; a missing field fails where it is read.
+        QList<QStringList> items;
+        for (const QString& item : conv_ep::Partir(prod.Opciones, QStringLiteral("&&"))) {
+            items.append(conv_ep::Partir(item, QStringLiteral("//")));
+        }
+        for (const QStringList& campos : items) {
             if (pieza(campos, 0) == u"TEXTOLIBRE") {
                 bool paraEsta = false;
-                for (const QString& otro : items) {
-                    if (pieza(conv_ep::Partir(otro, separador), 0) == imp_.NombreImpresora) {
+                for (const QStringList& otro : items) {
+                    if (pieza(otro, 0) == imp_.NombreImpresora) {
                         paraEsta = true;
                         break;
                     }
@@ -260,7 +262,6 @@ private:
         t_.comando(imp_.EPComExtrasFin);
     }
 
-    ModuloPrincipal& m_;
     Pedido& p_;
     ClassConfigImpresora& imp_;
     EscritorTicketEP t_;

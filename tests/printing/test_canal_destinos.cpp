@@ -1,6 +1,6 @@
 // The same ticket through the real destinations: a TCP listener, a file, a serial port (a
 // pseudo-terminal pair) and ports that don't exist. Every wait is bounded.
-#include "bytes_esperados.h"
+#include "common/EscritorioPruebaEP.h"
 #include "printing/CanalEP.h"
 #include "printing/TicketClienteEP.h"
 #include "printing/TicketCocinaEP.h"

@@ -107,6 +107,11 @@ TEST(HoraEntregaEstimada, HorasYMinutosSinCeroDelanteNiSegundos) {
         << "45.5 minutes round to the even 46";
     EXPECT_EQ(HoraEntregaEstimada(pedidoAceptadoA(QDateTime(), "20")), "0:20")
         << "an unset acceptance counts from the zero date at midnight";
+    // Plain clock arithmetic: the spring change of hour (Madrid, 29/03/2026 at 2:00) is not
+    // jumped over.
+    EXPECT_EQ(
+        HoraEntregaEstimada(pedidoAceptadoA(QDateTime(QDate(2026, 3, 29), QTime(1, 50)), "30")),
+        "2:20");
 }
 
 TEST(HoraEntregaEstimada, MinutosQueNoSonNumeroFallan) {

@@ -132,3 +132,28 @@ TEST(TablasEP, FormaRapidaIgualALaListaDePares) {
 }
 
 } // namespace
+
+namespace {
+
+TEST(CanalEP, UnSoloTicketAbiertoALaVez) {
+    ModuloPrincipal m;
+    CapturaEP captura(m);
+    CanalEP& canal = m.canalEP();
+    EXPECT_EQ(numeroError([&] { canal.Escribir("x"); }), 52) << "nothing open";
+    canal.Abrir("uno");
+    EXPECT_EQ(numeroError([&] { canal.Abrir("dos"); }), 55);
+    canal.Escribir("ab");
+    canal.Cerrar();
+    canal.Cerrar(); // closing a closed channel does nothing
+    EXPECT_EQ(captura.bytes("uno"), "ab");
+    EXPECT_EQ(captura.cierres("uno"), 1);
+    EXPECT_EQ(captura.aperturas("dos"), 0);
+
+    canal.Abrir("dos");
+    canal.Escribir("c");
+    canal.Abortar();
+    EXPECT_FALSE(canal.abierto());
+    EXPECT_EQ(captura.cierres("dos"), 0) << "aborted, not closed";
+}
+
+} // namespace

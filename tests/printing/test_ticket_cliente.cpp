@@ -1,5 +1,5 @@
 // The customer ticket, byte by byte, for the kinds of order and the printer's options.
-#include "bytes_esperados.h"
+#include "common/EscritorioPruebaEP.h"
 #include "printing/EscritorTicketEP.h"
 #include "printing/TicketClienteEP.h"
 

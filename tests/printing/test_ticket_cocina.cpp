@@ -1,6 +1,6 @@
 // The kitchen ticket, byte by byte: routing by category, exception, extra product and option
 // item, the head that waits for the first line, the foot, and printers that get nothing.
-#include "bytes_esperados.h"
+#include "common/EscritorioPruebaEP.h"
 #include "printing/TicketClienteEP.h"
 #include "printing/TicketCocinaEP.h"
 

@@ -1,6 +1,6 @@
 // The ticket preview: a hand-made byte stream read back as text, and real tickets of the
 // desk turned into pictures.
-#include "../printing/bytes_esperados.h"
+#include "common/EscritorioPruebaEP.h"
 #include "printing/TicketClienteEP.h"
 #include "printing/TicketCocinaEP.h"
 
