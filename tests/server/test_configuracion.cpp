@@ -1,3 +1,4 @@
+#include "common/DocumentoConfiguracion.h"
 #include "common/Entorno.h"
 #include "server/Configuracion.h"
 
@@ -10,68 +11,6 @@
 #include <gtest/gtest.h>
 
 namespace {
-
-// A document with every key, values chosen to differ from every default.
-QJsonObject Documento() {
-    QJsonObject imp{{"numeroimpresora", 1},
-                    {"tipoimpresion", "DW"},
-                    {"nombreimpresora", "Caja"},
-                    {"numerocopiasaceptado", 2},
-                    {"numerocopiasrechazado", 1},
-                    {"anchopapel", 80},
-                    {"fuente", "Lucida Console"},
-                    {"factorfuente", 3.8448},
-                    {"tamannofuentepequenna", 10},
-                    {"tamannofuentegrande", 14},
-                    {"tamannofuenteseparador", 4},
-                    {"separadorlineas", "----"},
-                    {"margenentrelineas", 60},
-                    {"iniciox", 0},
-                    {"inicioy", 0}};
-    return QJsonObject{
-        {"pgprs", "pg-7"},
-        {"nombre", "Mesón Ñu"},
-        {"intervaloescaneopedido", 1500},
-        {"intervaloescaneoconfiguracion", 600},
-        {"numeropedidoshistorico", 50},
-        {"abredialogimpresion", 1},
-        {"textocabecera", "Cabecera"},
-        {"textopiepagina", "Pie"},
-        {"mostrarquiena", 1},
-        {"mostrarcpr", 0},
-        {"mostrarcprtic", 1},
-        {"minimizartrasresp", 0},
-        {"cancelarsonido", 1},
-        {"parpadeopednuevo", 1},
-        {"intensidadparpadeo", 200},
-        {"intervaloescaneopedactualizado", 5000},
-        {"metcon", 0},
-        {"tamannofuenteprincipales", 12},
-        {"tamannofuentelistascheck", 11},
-        {"tiporeproaudio", 1},
-        {"melodiapednuevo", "gong.mp3"},
-        {"volumenmelodiawmp", 40},
-        {"webparticular", 1},
-        {"ocultardatosperson", 1},
-        {"printresumenauto", 1},
-        {"aceptarautodomicilio", 0},
-        {"aceptarautorecoger", 1},
-        {"actualizarconfigconpedido", 1},
-        {"comprobaractualizar", 0},
-        {"mostrarsintiempo", 1},
-        {"rechazaraceptado", 2},
-        {"imprimirantesaceptar", 1},
-        {"comprobarpedidotrasaceptar", 1},
-        {"modo", 0},
-        {"motivosrechazo", QJsonArray{"Sin ingredientes", "Cerramos"}},
-        {"actualizaragotados", 0},
-        {"configimpresoras", QJsonArray{imp}},
-    };
-}
-
-QByteArray Bytes(const QJsonObject& o) {
-    return QJsonDocument(o).toJson(QJsonDocument::Compact);
-}
 
 struct Configuracion_ : ::testing::Test {
     Entorno e;
@@ -87,7 +26,7 @@ struct Configuracion_ : ::testing::Test {
         bool p = false;
         return ObtenerConfiguracion(e.m, p);
     }
-    bool leer(const QJsonObject& doc) { return leer(Bytes(doc)); }
+    bool leer(const QJsonObject& doc) { return leer(BytesJson(doc)); }
     QString ultimoInfo() const {
         return info.isEmpty() ? QStringLiteral("<nada>") : info.last().at(0).toString();
     }
@@ -100,7 +39,7 @@ struct Configuracion_ : ::testing::Test {
 } // namespace
 
 TEST_F(Configuracion_, UnaLecturaBuenaLlenaLasVariablesEnSuTipo) {
-    ASSERT_TRUE(leer(Documento()));
+    ASSERT_TRUE(leer(DocumentoConfiguracion()));
     ASSERT_EQ(e.canales.directo->urls.size(), 1);
     EXPECT_EQ(e.canales.directo->urls[0],
               "https://servidor.prueba/api/pedidosgprs/obtenerConfiguracionV2?idEstablecimiento=7"
@@ -141,7 +80,7 @@ TEST_F(Configuracion_, UnaLecturaBuenaLlenaLasVariablesEnSuTipo) {
 }
 
 TEST_F(Configuracion_, LasClavesNuevasTomanSuValorPorDefectoAusentesONulas) {
-    QJsonObject d = Documento();
+    QJsonObject d = DocumentoConfiguracion();
     d.remove("tamannofuenteprincipales");
     d["tamannofuentelistascheck"] = QJsonValue::Null;
     d.remove("melodiapednuevo");
@@ -184,7 +123,7 @@ TEST_F(Configuracion_, IntensidadBanderasYRedondeo) {
     };
     for (const Caso& c : {Caso{255, 160}, Caso{254, 254}, Caso{0, 0}, Caso{-1, 160},
                           Caso{1000, 160}, Caso{QJsonValue::Null, 160}}) {
-        QJsonObject d = Documento();
+        QJsonObject d = DocumentoConfiguracion();
         d["intensidadparpadeo"] = c.intensidad;
         ASSERT_TRUE(leer(d));
         EXPECT_EQ(e.m.IntensidadParpadeo, c.esperada) << c.intensidad.toDouble();
@@ -196,14 +135,14 @@ TEST_F(Configuracion_, IntensidadBanderasYRedondeo) {
     };
     for (const Bandera& b : {Bandera{true, false}, Bandera{1, true}, Bandera{2, false},
                              Bandera{1.4, true}, Bandera{0, false}, Bandera{"1", true}}) {
-        QJsonObject d = Documento();
+        QJsonObject d = DocumentoConfiguracion();
         d["cancelarsonido"] = b.valor;
         ASSERT_TRUE(leer(d));
         EXPECT_EQ(e.m.CancelarSonido, b.esperada)
             << QJsonDocument(QJsonArray{b.valor}).toJson().constData();
     }
     // Halves go to the even neighbour.
-    QJsonObject d = Documento();
+    QJsonObject d = DocumentoConfiguracion();
     d["intervaloescaneopedido"] = 1000.5;
     d["intervaloescaneoconfiguracion"] = 1001.5;
     d["tamannofuenteprincipales"] = 9.5;
@@ -214,11 +153,11 @@ TEST_F(Configuracion_, IntensidadBanderasYRedondeo) {
 }
 
 TEST_F(Configuracion_, UnFalloAMitadConservaLoLeidoAntesYLoCuentaEnLabelInfo) {
-    QJsonObject d = Documento();
+    QJsonObject d = DocumentoConfiguracion();
     d["textopiepagina"] = QJsonValue::Null; // no default: a null stops the reading
     e.m.MostrarQuienA = false;
-    e.canales.directo->responder(Bytes(d));
-    e.canales.directo->responder(Bytes(d));
+    e.canales.directo->responder(BytesJson(d));
+    e.canales.directo->responder(BytesJson(d));
     bool p = false;
     EXPECT_FALSE(ObtenerConfiguracion(e.m, p));
     // Once over https, once more over http, then no more.
@@ -234,23 +173,23 @@ TEST_F(Configuracion_, UnFalloAMitadConservaLoLeidoAntesYLoCuentaEnLabelInfo) {
     EXPECT_EQ(ultimoInfo(), QStringLiteral("Uso no válido de Null"));
 
     // A value beyond its variable's range is the overflow error.
-    d = Documento();
+    d = DocumentoConfiguracion();
     d["intervaloescaneopedido"] = 3e9;
     EXPECT_FALSE(leer(d));
     EXPECT_EQ(ultimoInfo(), QStringLiteral("Desbordamiento"));
-    d = Documento();
+    d = DocumentoConfiguracion();
     d["tamannofuenteprincipales"] = 40000;
     EXPECT_FALSE(leer(d));
     EXPECT_EQ(ultimoInfo(), QStringLiteral("Desbordamiento"));
     // At least one reason must come.
-    d = Documento();
+    d = DocumentoConfiguracion();
     d["motivosrechazo"] = QJsonArray{};
     EXPECT_FALSE(leer(d));
     EXPECT_EQ(ultimoInfo(), QStringLiteral("El subíndice está fuera del intervalo"));
 }
 
 TEST_F(Configuracion_, LasRespuestasMalasFallanTrasUnSoloReintentoPorHttp) {
-    const QByteArray documento = Bytes(Documento());
+    const QByteArray documento = BytesJson(DocumentoConfiguracion());
     QByteArray con502 = documento;
     con502.replace("\"Pie\"", "\"x <title>502 y\"");
     struct Caso {
@@ -297,7 +236,7 @@ TEST_F(Configuracion_, LasRespuestasMalasFallanTrasUnSoloReintentoPorHttp) {
 }
 
 TEST_F(Configuracion_, UnMetconNuevoReescribeConfigTxtYCambiaElTransporte) {
-    QJsonObject d = Documento();
+    QJsonObject d = DocumentoConfiguracion();
     d["metcon"] = 1;
     e.m.PasswordConfigCifrada = QStringLiteral("5C4BDE");
     ASSERT_TRUE(leer(d));
@@ -315,7 +254,7 @@ TEST_F(Configuracion_, UnMetconNuevoReescribeConfigTxtYCambiaElTransporte) {
                                                     "0100");
     EXPECT_EQ(configTxt(), esperado);
     // The next request goes through the first Inet control.
-    e.canales.inet1->responder(Bytes(d));
+    e.canales.inet1->responder(BytesJson(d));
     bool p = false;
     EXPECT_TRUE(ObtenerConfiguracion(e.m, p));
     EXPECT_EQ(e.canales.directo->urls.size(), 1);
@@ -325,12 +264,12 @@ TEST_F(Configuracion_, UnMetconNuevoReescribeConfigTxtYCambiaElTransporte) {
 TEST_F(Configuracion_, ElModoAvisaALaVentanaYEnModosDeImpresionLeeUltPedIm) {
     QSignalSpy modos(&e.m, &ModuloPrincipal::modoCambiado);
     QFile u(QDir(e.carpeta.path()).filePath(QStringLiteral("ultpedim.txt")));
-    ASSERT_TRUE(leer(Documento()));
+    ASSERT_TRUE(leer(DocumentoConfiguracion()));
     EXPECT_FALSE(u.exists()); // mode 0 leaves it alone
     ASSERT_TRUE(u.open(QIODevice::WriteOnly));
     u.write("12,11");
     u.close();
-    QJsonObject d = Documento();
+    QJsonObject d = DocumentoConfiguracion();
     d["modo"] = 2;
     ASSERT_TRUE(leer(d));
     EXPECT_EQ(e.m.UltPedIm, QStringLiteral("12,11"));
@@ -346,12 +285,12 @@ TEST_F(Configuracion_, ActualizarAgotadosSoloConUno) {
     QSignalSpy agotados(&e.m, &ModuloPrincipal::actualizarAgotados);
     for (const QJsonValue& v :
          {QJsonValue(0), QJsonValue(QJsonValue::Null), QJsonValue(2), QJsonValue(true)}) {
-        QJsonObject d = Documento();
+        QJsonObject d = DocumentoConfiguracion();
         d["actualizaragotados"] = v;
         ASSERT_TRUE(leer(d));
     }
     EXPECT_EQ(agotados.size(), 0);
-    QJsonObject d = Documento();
+    QJsonObject d = DocumentoConfiguracion();
     d["actualizaragotados"] = 1;
     ASSERT_TRUE(leer(d));
     EXPECT_EQ(agotados.size(), 1);
@@ -359,9 +298,9 @@ TEST_F(Configuracion_, ActualizarAgotadosSoloConUno) {
 
 TEST_F(Configuracion_, LaImpresoraAntiguaSeMigraCuandoElServicioNoTieneNinguna) {
     e.m.ImpresoraAntigua = QStringLiteral("EPSON TM");
-    QJsonObject d = Documento();
+    QJsonObject d = DocumentoConfiguracion();
     d["configimpresoras"] = QJsonArray{};
-    e.canales.directo->responder(Bytes(d));
+    e.canales.directo->responder(BytesJson(d));
     e.canales.directo->responder("#a*b*c*d*3*1*72*Courier New*3.5*9*13*5*====*45*10*20#");
     e.canales.directo->responder("ok");
     bool p = true;
@@ -391,7 +330,7 @@ TEST_F(Configuracion_, LaImpresoraAntiguaSeMigraCuandoElServicioNoTieneNinguna) 
 
     // An answer that is not a line between number signs ends the migration quietly.
     e.canales.directo->urls.clear();
-    e.canales.directo->responder(Bytes(d));
+    e.canales.directo->responder(BytesJson(d));
     e.canales.directo->responder("nada");
     EXPECT_TRUE(ObtenerConfiguracion(e.m, p));
     EXPECT_EQ(e.canales.directo->urls.size(), 2);
