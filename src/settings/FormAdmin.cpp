@@ -2,6 +2,7 @@
 
 #include "platform/CajaMensajes.h"
 #include "platform/EjecucionProtegida.h"
+#include "server/CifradoAjustes.h"
 #include "server/Configuracion.h"
 #include "server/Conversiones.h"
 #include "shell/AccesosSesion.h"

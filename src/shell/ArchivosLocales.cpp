@@ -2,124 +2,188 @@
 
 #include "platform/ErrorEjecucion.h"
 #include "platform/Windows1252.h"
+#include "server/CifradoAjustes.h"
 #include "shell/ModuloPrincipal.h"
 
+#include <QByteArray>
 #include <QDir>
 #include <QFile>
-#include <QtEndian>
-#include <array>
+#include <cerrno>
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace {
 
-void abrirBinario(QFile& f) {
-    // Binary access creates a missing file and never truncates an existing one.
-    if (!f.open(QIODevice::ReadWrite)) {
-        throw ErrorEjecucion(f.exists() ? ErrorEjecucion::PermisoDenegado
-                                        : ErrorEjecucion::ArchivoNoEncontrado);
+constexpr int kErrorAccesoRuta = 75;
+constexpr int kRutaNoEncontrada = 76;
+
+[[noreturn]] void fallo(int numeroErrno, bool escribiendo) {
+    switch (numeroErrno) {
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        throw ErrorEjecucion(ErrorEjecucion::PermisoDenegado);
+    case ENOENT:
+    case ENOTDIR:
+        throw ErrorEjecucion(kRutaNoEncontrada);
+    case ENOSPC:
+    case EDQUOT:
+        throw ErrorEjecucion(ErrorEjecucion::DiscoLleno);
+    default:
+        throw ErrorEjecucion(escribiendo ? ErrorEjecucion::ErrorDeEntradaSalida : kErrorAccesoRuta);
     }
 }
 
-// Reads past the end leave the field as it was (0 or empty).
-class Lector {
+// A file opened for binary access: created when absent, never truncated, always closed.
+class ArchivoBinario {
 public:
-    explicit Lector(QByteArray datos) : d_(std::move(datos)) {}
-    template <typename T> void entero(T& v) {
-        if (p_ + static_cast<qsizetype>(sizeof(T)) <= d_.size()) {
-            v = qFromLittleEndian<T>(d_.constData() + p_);
+    ArchivoBinario(const QString& ruta, mode_t permisos) {
+        const QByteArray nombre = QFile::encodeName(ruta);
+        fd_ = ::open(nombre.constData(), O_RDWR | O_CREAT | O_CLOEXEC, permisos);
+        if (fd_ < 0) {
+            fallo(errno, false);
         }
-        p_ += sizeof(T);
     }
-    void texto(QString& v) {
-        quint16 n = 0;
-        if (p_ + 2 > d_.size()) {
-            p_ += 2;
-            return;
+    ~ArchivoBinario() {
+        if (fd_ >= 0) {
+            ::close(fd_);
         }
-        entero(n);
-        v = cp1252::aTexto(d_.mid(p_, n));
-        p_ += n;
+    }
+    ArchivoBinario(const ArchivoBinario&) = delete;
+    ArchivoBinario& operator=(const ArchivoBinario&) = delete;
+
+    QByteArray leerTodo() const {
+        QByteArray r;
+        char bloque[4096];
+        off_t desde = 0;
+        for (;;) {
+            const ssize_t n = ::pread(fd_, bloque, sizeof bloque, desde);
+            if (n < 0) {
+                if (errno == EINTR) {
+                    continue;
+                }
+                fallo(errno, false);
+            }
+            if (n == 0) {
+                return r;
+            }
+            r.append(bloque, n);
+            desde += n;
+        }
+    }
+
+    void escribirDesdeElPrincipio(const QByteArray& datos) const {
+        qsizetype hecho = 0;
+        while (hecho < datos.size()) {
+            const ssize_t n = ::pwrite(fd_, datos.constData() + hecho,
+                                       static_cast<size_t>(datos.size() - hecho), hecho);
+            if (n < 0) {
+                if (errno == EINTR) {
+                    continue;
+                }
+                fallo(errno, true);
+            }
+            hecho += n;
+        }
+    }
+
+    // Close reports the errors a delayed write may still have (a full disk over NFS).
+    void cerrar() {
+        const int fd = fd_;
+        fd_ = -1;
+        if (::close(fd) != 0 && errno != EINTR) {
+            fallo(errno, true);
+        }
     }
 
 private:
-    QByteArray d_;
+    int fd_ = -1;
+};
+
+QString rutaEn(const QString& carpeta, const QString& nombre) {
+    return carpeta.isEmpty() ? nombre : QDir(carpeta).filePath(nombre);
+}
+
+// Reads the record's fields in order; past the end of the data a field is 0 or empty
+// (an integer cut short keeps the bytes that are there).
+class LectorRegistro {
+public:
+    explicit LectorRegistro(const QByteArray& d) : d_(d) {}
+    quint32 entero(int bytes) {
+        quint32 v = 0;
+        for (int k = 0; k < bytes; ++k) {
+            if (p_ < d_.size()) {
+                v |= static_cast<quint32>(static_cast<unsigned char>(d_[p_])) << (8 * k);
+            }
+            ++p_;
+        }
+        return v;
+    }
+    QString texto() {
+        if (p_ >= d_.size()) {
+            return QString();
+        }
+        const auto largo = static_cast<qsizetype>(entero(2));
+        const qsizetype desde = qMin(p_, d_.size());
+        const qsizetype hay = qMin(largo, d_.size() - desde);
+        p_ += largo;
+        return cp1252::aTexto(d_.constData() + desde, hay);
+    }
+
+private:
+    const QByteArray& d_;
     qsizetype p_ = 0;
 };
 
-void escribirTexto(QByteArray& b, const QString& t) {
-    const QByteArray bytes = cp1252::aBytes(t);
-    if (bytes.size() > 0xFFFF) {
-        throw ErrorEjecucion(ErrorEjecucion::Desbordamiento);
-    }
-    const auto n = qToLittleEndian(static_cast<quint16>(bytes.size()));
-    b.append(reinterpret_cast<const char*>(&n), 2);
-    b.append(bytes);
-}
-
-template <typename T> void escribirEntero(QByteArray& b, T v) {
-    const T le = qToLittleEndian(v);
-    b.append(reinterpret_cast<const char*>(&le), sizeof(T));
-}
-
-void escribirDesdeElPrincipio(const QString& ruta, const QByteArray& datos) {
-    QFile f(ruta);
-    abrirBinario(f);
-    if (f.write(datos) != datos.size()) {
-        throw ErrorEjecucion(ErrorEjecucion::DiscoLleno);
+void anadirEntero(QByteArray& r, quint32 v, int bytes) {
+    for (int k = 0; k < bytes; ++k) {
+        r.append(static_cast<char>((v >> (8 * k)) & 0xFF));
     }
 }
 
-QString rutaEn(const ModuloPrincipal& m, const char* nombre) {
-    return QDir(m.CarpetaDatos).filePath(QLatin1String(nombre));
-}
-
-QByteArray TransformarRC4(const QByteArray& texto, const QByteArray& clave) {
-    std::array<quint8, 256> s{};
-    for (int i = 0; i < 256; ++i) {
-        s[i] = static_cast<quint8>(i);
-    }
-    if (!clave.isEmpty()) {
-        int j = 0;
-        for (int i = 0; i < 256; ++i) {
-            j = (j + s[i] + static_cast<quint8>(clave[i % clave.size()])) % 256;
-            std::swap(s[i], s[j]);
-        }
-    }
-    QByteArray r;
-    r.reserve(texto.size());
-    int i = 0;
-    int j = 0;
-    for (const char ch : texto) {
-        i = (i + 1) % 256;
-        j = (j + s[i]) % 256;
-        std::swap(s[i], s[j]);
-        const quint8 k = s[(s[i] + s[j]) % 256];
-        const auto c = static_cast<quint8>(ch);
-        // Where the key stream equals the byte the byte stays: no output byte is ever 0.
-        r.append(static_cast<char>(k == c ? c : (k ^ c)));
-    }
-    return r;
+void anadirTexto(QByteArray& r, const QString& t) {
+    const QByteArray b = cp1252::aBytes(t).left(0xFFFF);
+    anadirEntero(r, static_cast<quint32>(b.size()), 2);
+    r.append(b);
 }
 
 } // namespace
 
+void GuardarConfigTxt(ModuloPrincipal& m) {
+    m.RutaConfigTxt = rutaEn(m.CarpetaDatos, QStringLiteral("config.txt"));
+    QByteArray r;
+    anadirEntero(r, static_cast<quint32>(m.IdEstablecimiento), 4);
+    anadirTexto(r, QString()); // the plain password never reaches the disk
+    anadirTexto(r, m.ImpresoraAntigua);
+    anadirTexto(r, m.Reservado);
+    anadirTexto(r, m.PasswordConfigCifrada);
+    anadirEntero(r, static_cast<quint16>(m.AccesosCreados), 2);
+    anadirEntero(r, static_cast<quint16>(m.MetconGuardado), 2);
+    anadirEntero(r, static_cast<quint16>(m.NumConfig), 2);
+    ArchivoBinario archivo(m.RutaConfigTxt, 0600);
+    archivo.escribirDesdeElPrincipio(r);
+    archivo.cerrar();
+}
+
 void LeerConfigTxt(ModuloPrincipal& m) {
-    m.RutaConfigTxt = rutaEn(m, "config.txt");
+    m.RutaConfigTxt = rutaEn(m.CarpetaDatos, QStringLiteral("config.txt"));
     QByteArray datos;
     {
-        QFile f(m.RutaConfigTxt);
-        abrirBinario(f);
-        datos = f.readAll();
+        ArchivoBinario archivo(m.RutaConfigTxt, 0600);
+        datos = archivo.leerTodo();
+        archivo.cerrar();
     }
-    Lector l(datos);
-    l.entero(m.IdEstablecimiento);
-    l.texto(m.PasswordConfig);
-    l.texto(m.ImpresoraAntigua);
-    l.texto(m.Reservado);
-    l.texto(m.PasswordConfigCifrada);
-    l.entero(m.AccesosCreados);
-    l.entero(m.MetconGuardado);
-    l.entero(m.NumConfig);
+    LectorRegistro r(datos);
+    m.IdEstablecimiento = static_cast<qint32>(r.entero(4));
+    m.PasswordConfig = r.texto();
+    m.ImpresoraAntigua = r.texto();
+    m.Reservado = r.texto();
+    m.PasswordConfigCifrada = r.texto();
+    m.AccesosCreados = static_cast<qint16>(r.entero(2));
+    m.MetconGuardado = static_cast<qint16>(r.entero(2));
+    m.NumConfig = static_cast<qint16>(r.entero(2));
 
+    // Old versions kept the password in the clear: encipher it once.
     if (!m.PasswordConfig.isEmpty() && m.PasswordConfigCifrada.isEmpty()) {
         m.PasswordConfigCifrada = CifrarAjuste(m.PasswordConfig, ModuloPrincipal::ClaveAjustes);
         GuardarConfigTxt(m);
@@ -132,71 +196,63 @@ void LeerConfigTxt(ModuloPrincipal& m) {
     m.PasswordConfig = DescifrarAjuste(m.PasswordConfigCifrada, ModuloPrincipal::ClaveAjustes);
 }
 
-void GuardarConfigTxt(ModuloPrincipal& m) {
-    if (m.RutaConfigTxt.isEmpty()) {
-        m.RutaConfigTxt = rutaEn(m, "config.txt");
-    }
-    QByteArray b;
-    escribirEntero<qint32>(b, m.IdEstablecimiento);
-    escribirTexto(b, QString()); // the plain password never reaches the disk
-    escribirTexto(b, m.ImpresoraAntigua);
-    escribirTexto(b, m.Reservado);
-    escribirTexto(b, m.PasswordConfigCifrada);
-    escribirEntero<qint16>(b, m.AccesosCreados);
-    escribirEntero<qint16>(b, m.MetconGuardado);
-    escribirEntero<qint16>(b, m.NumConfig);
-    escribirDesdeElPrincipio(m.RutaConfigTxt, b);
-}
-
 void LeerUltPedIm(ModuloPrincipal& m) {
-    m.RutaUltPedIm = rutaEn(m, "ultpedim.txt");
+    m.RutaUltPedIm = rutaEn(m.CarpetaDatos, QStringLiteral("ultpedim.txt"));
     QByteArray datos;
     {
-        QFile f(m.RutaUltPedIm);
-        abrirBinario(f);
-        datos = f.readAll();
+        ArchivoBinario archivo(m.RutaUltPedIm, 0666);
+        datos = archivo.leerTodo();
+        archivo.cerrar();
     }
-    m.UltPedIm.clear();
-    // Comma-delimited fields, read one at a time; line ends separate fields too.
-    QString texto = cp1252::aTexto(datos);
-    texto.replace(QLatin1String("\r\n"), QLatin1String(","));
-    texto.replace(QLatin1Char('\n'), QLatin1Char(','));
-    if (texto.endsWith(QLatin1Char(','))) {
-        texto.chop(1);
-    }
-    if (texto.isEmpty()) {
-        return;
-    }
-    for (const QString& campo : texto.split(QLatin1Char(','))) {
-        QString c = campo.trimmed();
-        if (c.size() >= 2 && c.startsWith(QLatin1Char('"')) && c.endsWith(QLatin1Char('"'))) {
-            c = c.mid(1, c.size() - 2);
+    // Comma-delimited fields as the classic Input # reads them: leading blanks skipped, a
+    // quoted field up to its closing quote, a plain one up to a comma or a line end and
+    // trimmed at the right; empty fields at the start do not count.
+    const QString t = cp1252::aTexto(datos);
+    const qsizetype n = t.size();
+    qsizetype p = 0;
+    QString lista;
+    auto esFinDeLinea = [&](qsizetype i) { return t[i] == u'\r' || t[i] == u'\n'; };
+    while (p < n) {
+        while (p < n && (t[p] == u' ' || t[p] == u'\t')) {
+            ++p;
         }
-        m.UltPedIm = m.UltPedIm.isEmpty() ? c : m.UltPedIm + QLatin1Char(',') + c;
+        QString campo;
+        if (p < n && t[p] == u'"') {
+            const qsizetype cierre = t.indexOf(u'"', p + 1);
+            const qsizetype fin = cierre < 0 ? n : cierre;
+            campo = t.mid(p + 1, fin - p - 1);
+            p = cierre < 0 ? n : cierre + 1;
+            while (p < n && t[p] != u',' && !esFinDeLinea(p)) {
+                ++p;
+            }
+        } else {
+            const qsizetype desde = p;
+            while (p < n && t[p] != u',' && !esFinDeLinea(p)) {
+                ++p;
+            }
+            campo = t.mid(desde, p - desde);
+            while (campo.endsWith(u' ') || campo.endsWith(u'\t')) {
+                campo.chop(1);
+            }
+        }
+        if (p < n && t[p] == u',') {
+            ++p;
+        } else if (p < n && t[p] == u'\r') {
+            ++p;
+            if (p < n && t[p] == u'\n') {
+                ++p;
+            }
+        } else if (p < n) {
+            ++p;
+        }
+        lista = lista.isEmpty() ? campo : lista + u',' + campo;
     }
+    m.UltPedIm = lista;
 }
 
 void GuardarUltPedIm(ModuloPrincipal& m) {
-    if (m.RutaUltPedIm.isEmpty()) {
-        m.RutaUltPedIm = rutaEn(m, "ultpedim.txt");
-    }
-    escribirDesdeElPrincipio(m.RutaUltPedIm, cp1252::aBytes(m.UltPedIm));
-}
-
-QString CifrarAjuste(const QString& texto, const QString& clave) {
-    return QString::fromLatin1(
-        TransformarRC4(cp1252::aBytes(texto), cp1252::aBytes(clave)).toHex().toUpper());
-}
-
-QString DescifrarAjuste(const QString& texto, const QString& clave) {
-    QByteArray bytes;
-    for (qsizetype i = 0; i < texto.size(); i += 2) {
-        bool ok = false;
-        const int v = texto.mid(i, 2).toInt(&ok, 16);
-        if (!ok) {
-            throw ErrorEjecucion(ErrorEjecucion::NoCoincidenLosTipos);
-        }
-        bytes.append(static_cast<char>(v));
-    }
-    return cp1252::aTexto(TransformarRC4(bytes, cp1252::aBytes(clave)));
+    m.RutaUltPedIm = rutaEn(m.CarpetaDatos, QStringLiteral("ultpedim.txt"));
+    ArchivoBinario archivo(m.RutaUltPedIm, 0666);
+    archivo.escribirDesdeElPrincipio(cp1252::aBytes(m.UltPedIm));
+    archivo.cerrar();
 }

@@ -1,5 +1,6 @@
 #include "common/DocumentoConfiguracion.h"
 #include "common/Entorno.h"
+#include "server/CifradoAjustes.h"
 #include "settings/FormAdmin.h"
 #include "shell/ArchivosLocales.h"
 

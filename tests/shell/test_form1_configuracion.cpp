@@ -2,6 +2,7 @@
 #include "common/Entorno.h"
 #include "platform/Controles_ui.h"
 #include "platform/Temporizador.h"
+#include "server/CifradoAjustes.h"
 #include "settings/FormAdmin.h"
 #include "shell/ArchivosLocales.h"
 #include "shell/Form1.h"
