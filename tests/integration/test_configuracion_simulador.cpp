@@ -41,6 +41,9 @@ QList<SimuladorPrueba::Entrada> De(const QList<SimuladorPrueba::Entrada>& regist
 // home, real HTTP channels, boxes recorded.
 struct DeskEnProceso : ::testing::Test {
     SimuladorPrueba sim;
+    // The process's own home is put back after the test.
+    const QByteArray homeAnterior = qgetenv("HOME");
+    const QByteArray configAnterior = qgetenv("XDG_CONFIG_HOME");
     QTemporaryDir home;
     QTemporaryDir datos;
     ModuloPrincipal m;
@@ -49,7 +52,7 @@ struct DeskEnProceso : ::testing::Test {
 
     DeskEnProceso() {
         qputenv("HOME", home.path().toUtf8());
-        qunsetenv("XDG_CONFIG_HOME");
+        qputenv("XDG_CONFIG_HOME", QDir(home.path()).filePath(".config").toUtf8());
         QDir(home.path()).mkpath(QStringLiteral("Desktop"));
         QDir(home.path()).mkpath(QStringLiteral(".config/autostart"));
         auto c = std::make_unique<RegistroCajas>();
@@ -60,7 +63,11 @@ struct DeskEnProceso : ::testing::Test {
         m.CarpetaAplicacion = QStringLiteral("/opt/tarvimenta");
         f = std::make_unique<Form1>(m, QStringList{QStringLiteral("noactualizar")});
     }
-    ~DeskEnProceso() override { f->Unload(); }
+    ~DeskEnProceso() override {
+        f->Unload();
+        qputenv("HOME", homeAnterior);
+        qputenv("XDG_CONFIG_HOME", configAnterior);
+    }
 
     QString enHome(const char* r) const { return QDir(home.path()).filePath(QLatin1String(r)); }
     QByteArray configTxt() const { return Contenido(QDir(datos.path()).filePath("config.txt")); }

@@ -18,6 +18,9 @@ namespace {
 
 struct FormAdmin_ : ::testing::Test {
     Entorno e;
+    // The process's own home is put back after the test.
+    const QByteArray homeAnterior = qgetenv("HOME");
+    const QByteArray configAnterior = qgetenv("XDG_CONFIG_HOME");
     QTemporaryDir home;
     int aplicada = 0;
     std::unique_ptr<FormAdmin> admin;
@@ -25,7 +28,11 @@ struct FormAdmin_ : ::testing::Test {
     FormAdmin_() {
         // The start-up entries of these tests stay inside a home of their own.
         qputenv("HOME", home.path().toUtf8());
-        qunsetenv("XDG_CONFIG_HOME");
+        qputenv("XDG_CONFIG_HOME", QDir(home.path()).filePath(".config").toUtf8());
+    }
+    ~FormAdmin_() override {
+        qputenv("HOME", homeAnterior);
+        qputenv("XDG_CONFIG_HOME", configAnterior);
     }
     FormAdmin& abrir() {
         admin = std::make_unique<FormAdmin>(e.m, [this] { ++aplicada; });
