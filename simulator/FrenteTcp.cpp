@@ -154,7 +154,9 @@ void FrenteTcp::Parar() {
             return;
         }
         for (auto& c : conexiones_) {
-            ::shutdown(c.Fd, SHUT_RDWR);
+            if (c.Fd >= 0) {
+                ::shutdown(c.Fd, SHUT_RDWR);
+            }
         }
     }
     aviso_.notify_all();
@@ -205,11 +207,8 @@ void FrenteTcp::RecogerTerminadas(bool todas) {
             }
         }
     }
-    // The descriptor is closed only here, after its thread is gone, so that Parar never
-    // shuts down a number that has been reused meanwhile.
     for (auto& c : listas) {
         c.Hilo.join();
-        ::close(c.Fd);
     }
 }
 
@@ -270,17 +269,32 @@ void FrenteTcp::Retener(double segundos) {
 }
 
 void FrenteTcp::Atender(int fd) {
-    AtenderPeticiones(fd);
-    // The client sees the end at once, even though the descriptor is closed later.
-    ::shutdown(fd, SHUT_RDWR);
+    const bool abortar = AtenderPeticiones(fd);
+    std::lock_guard bloqueo(mutex_);
+    if (abortar) {
+        // A reset, not an orderly end: HTTP clients resend a request silently when the
+        // server merely closes an idle-looking connection, and the fault would never show.
+        const linger corte{1, 0};
+        ::setsockopt(fd, SOL_SOCKET, SO_LINGER, &corte, sizeof corte);
+    } else {
+        ::shutdown(fd, SHUT_RDWR);
+    }
+    // Closed under the lock, and forgotten, so that Parar never shuts down a descriptor
+    // number that has been reused meanwhile.
+    for (auto& c : conexiones_) {
+        if (c.Fd == fd) {
+            c.Fd = -1;
+        }
+    }
+    ::close(fd);
 }
 
-void FrenteTcp::AtenderPeticiones(int fd) {
+bool FrenteTcp::AtenderPeticiones(int fd) {
     std::string bufer;
     bool primera = true;
     while (!parar_) {
         if (bufer.empty() && !LeerMas(fd, bufer, primera ? kEsperaPeticion : kEsperaInactiva)) {
-            return;
+            return false;
         }
         if (primera && static_cast<unsigned char>(bufer[0]) == kInicioTls) {
             Peticion intento;
@@ -289,14 +303,15 @@ void FrenteTcp::AtenderPeticiones(int fd) {
             if (r.Que == Respuesta::Accion::Colgar) {
                 Retener(r.Segundos);
             }
-            return;
+            // Without a fault the attempt just ends, as a failed handshake does.
+            return r.Que == Respuesta::Accion::Colgar || r.Falla;
         }
         primera = false;
 
         std::size_t finCabecera;
         while ((finCabecera = bufer.find("\r\n\r\n")) == std::string::npos) {
             if (bufer.size() > kCabeceraMax || !LeerMas(fd, bufer, kEsperaPeticion)) {
-                return;
+                return false;
             }
         }
         Cabeceras c;
@@ -305,12 +320,12 @@ void FrenteTcp::AtenderPeticiones(int fd) {
             mala.Estado = 400;
             mala.Cuerpo = "peticion mal formada";
             Escribir(fd, Cabecera(mala, true) + mala.Cuerpo);
-            return;
+            return false;
         }
         bufer.erase(0, finCabecera + 4);
         while (bufer.size() < c.Longitud) {
             if (!LeerMas(fd, bufer, kEsperaPeticion)) {
-                return;
+                return false;
             }
         }
         Peticion peticion;
@@ -323,16 +338,17 @@ void FrenteTcp::AtenderPeticiones(int fd) {
                            ? AtenderControl(servicio_, peticion)
                            : servicio_.Atender(peticion);
         if (r.Que == Respuesta::Accion::Cerrar) {
-            return;
+            return true;
         }
         if (r.Que == Respuesta::Accion::Colgar) {
             Retener(r.Segundos);
-            return;
+            return true;
         }
         if (!Escribir(fd, Cabecera(r, c.Cerrar) + r.Cuerpo) || c.Cerrar) {
-            return;
+            return false;
         }
     }
+    return false;
 }
 
 } // namespace simulador

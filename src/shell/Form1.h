@@ -13,6 +13,7 @@ class QPushButton;
 class QTreeWidget;
 class QAction;
 class QMenu;
+class FormAdmin;
 
 // The main window: the anchor of the whole desk from start to end. It owns the five
 // timers that drive every repeating activity and shows who the desk is, whether the
@@ -31,6 +32,8 @@ public:
     bool RefrescarConfiguracion();
     void AplicarConfiguracion();
     void ComprobarPedidosNuevos();
+    // The login window, made on first use and hidden rather than closed.
+    FormAdmin& AbrirAdmin();
 
     // The closing question. `razon` 0 is the user's closing of the window, the only one
     // that asks; any other (code, end of session) closes without a question. True when the
@@ -66,6 +69,13 @@ private:
     void conexionEnLinea();
     void conexionPerdida();
     void protegido(const std::function<void()>& manejador);
+    void mostrarModo(qint16 modo);
+    void AplicarTamannosFuente();
+    void PrepararSonido();
+    void RellenarMotivosRechazo();
+    void AplicarAVentanasDePedido();
+    void CargarCarta();
+    void ComprobarActualizacionAutomatica();
 
     ModuloPrincipal& m_;
     QStringList palabras_;
@@ -89,4 +99,5 @@ private:
     QTreeWidget* listaAgotados_ = nullptr;
     QMenu* menu_ = nullptr;
     QAction* accionMusica_ = nullptr;
+    FormAdmin* formAdmin_ = nullptr;
 };
