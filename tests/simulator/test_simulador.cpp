@@ -14,7 +14,9 @@
 #include <QTcpServer>
 #include <QTest>
 #include <QTime>
+#include <atomic>
 #include <gtest/gtest.h>
+#include <thread>
 
 namespace {
 
@@ -672,4 +674,40 @@ TEST(Simulador, PedidosPeriodicosParaLaDemo) {
     // Demo orders carry the present day.
     EXPECT_TRUE(linea.contains(QDate::currentDate().toString("dd/MM/yyyy").toUtf8()));
     EXPECT_GE(sim.pedidos().size(), 1);
+}
+
+TEST(Simulador, MuchosClientesALaVez) {
+    SimuladorPrueba sim;
+    ASSERT_TRUE(sim.enMarcha());
+    sim.generarPedidos(20, 9, "mezcla");
+    constexpr int kHilos = 8;
+    constexpr int kPorHilo = 25;
+    std::atomic<int> respondidas{0};
+    std::atomic<int> pedidos{0};
+    std::vector<std::thread> hilos;
+    for (int h = 0; h < kHilos; ++h) {
+        hilos.emplace_back([&, h] {
+            for (int i = 0; i < kPorHilo; ++i) {
+                const auto r = sim.peticion(
+                    "GET", "/api/pedidosgprs/pedidosnuevos?h=" + QByteArray::number(h) +
+                               "&i=" + QByteArray::number(i));
+                respondidas += r.estado == 200 ? 1 : 0;
+                pedidos += r.cuerpo.startsWith('#') ? 1 : 0;
+            }
+        });
+    }
+    for (auto& hilo : hilos) {
+        hilo.join();
+    }
+    EXPECT_EQ(respondidas, kHilos * kPorHilo);
+    EXPECT_EQ(pedidos, 20); // each queued order went out exactly once
+
+    const auto registro = sim.registro();
+    ASSERT_EQ(registro.size(), kHilos * kPorHilo);
+    QSet<QString> consultas;
+    for (int i = 0; i < registro.size(); ++i) {
+        EXPECT_EQ(registro[i].n, registro[0].n + i);
+        consultas.insert(registro[i].consulta);
+    }
+    EXPECT_EQ(consultas.size(), kHilos * kPorHilo);
 }
