@@ -53,6 +53,9 @@ public:
                     const QJsonObject& documento);
     void configurarTexto(qint64 id, const QString& password, int numconfig,
                          const QByteArray& texto);
+    // The configuration document served now (the default establishment until configurar),
+    // read without touching the record: a starting point for a test's own document.
+    QJsonObject documento();
     // Orders: clase domicilio, recoger, programado, efectivo or mezcla; productos 0 lets the
     // seed choose. Each created order: numero, estado, minutos, motivo, formaEntrega, linea,
     // respuestas.

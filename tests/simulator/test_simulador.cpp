@@ -324,7 +324,9 @@ TEST(Simulador, CredencialesDeLaConfiguracion) {
                                                                          {"anchopapel", 58},
                                                                          {"fuente", "Courier New"},
                                                                          {"factorfuente", 4.5}}}}};
+    EXPECT_EQ(sim.documento(), Documento(sim)); // the default, read both ways
     sim.configurar(12, "otra clave", 3, propio);
+    EXPECT_EQ(sim.documento(), propio);
     EXPECT_EQ(Cuerpo(sim, v2 + "idEstablecimiento=7&passwordconfig=clave&numconfig=1"),
               kNoEncontrado);
     for (const QByteArray clave : {"otra+clave", "otra%20clave"}) {
