@@ -358,8 +358,9 @@ std::string ServicioSimulado::Cerrar(const std::string& consulta) {
 std::string ServicioSimulado::GuardarImpresora(const std::string& consulta, bool eliminar) {
     // Kept like the real service keeps them, so that the reading that follows a save
     // brings the saved printers back.
+    // The answer is always "OK" (the desk drops it); only the right establishment writes.
     if (!CredencialesCorrectas(consulta, true)) {
-        return kNoEncontrado;
+        return "OK";
     }
     auto doc = nlohmann::ordered_json::parse(configuracion_.Documento, nullptr, false);
     long numero = 0;
@@ -401,8 +402,9 @@ std::string ServicioSimulado::GuardarImpresora(const std::string& consulta, bool
 }
 
 std::string ServicioSimulado::GuardarGeneral(const std::string& consulta) {
+    // The answer is always "OK" (the desk drops it); only the right establishment writes.
     if (!CredencialesCorrectas(consulta, true)) {
-        return kNoEncontrado;
+        return "OK";
     }
     auto doc = nlohmann::ordered_json::parse(configuracion_.Documento, nullptr, false);
     if (!doc.is_object()) {
