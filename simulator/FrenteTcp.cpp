@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <arpa/inet.h>
+#include <cctype>
 #include <cerrno>
 #include <chrono>
+#include <cstdio>
 #include <netinet/in.h>
 #include <poll.h>
 #include <sys/socket.h>
@@ -66,6 +68,7 @@ struct Cabeceras {
     std::string Version;
     std::size_t Longitud = 0;
     bool Cerrar = false;
+    bool Continuar = false; // "Expect: 100-continue"
 };
 
 bool LeerCabeceras(const std::string& texto, Cabeceras& c) {
@@ -81,6 +84,11 @@ bool LeerCabeceras(const std::string& texto, Cabeceras& c) {
     c.Version = linea.substr(e2 + 1);
     if (c.Objetivo.empty() || !c.Version.starts_with("HTTP/1.")) {
         return false;
+    }
+    // Absolute form, as sent to a proxy: keep from the path on.
+    if (c.Objetivo.starts_with("http://")) {
+        const auto barra = c.Objetivo.find('/', 7);
+        c.Objetivo = barra == std::string::npos ? "/" : c.Objetivo.substr(barra);
     }
     c.Cerrar = c.Version == "HTTP/1.0";
     std::size_t pos = finLinea + 2;
@@ -103,6 +111,8 @@ bool LeerCabeceras(const std::string& texto, Cabeceras& c) {
             } catch (const std::exception&) {
                 return false;
             }
+        } else if (nombre == "expect") {
+            c.Continuar = valor == "100-continue";
         } else if (nombre == "connection") {
             if (valor == "close") {
                 c.Cerrar = true;
@@ -172,9 +182,9 @@ void FrenteTcp::Parar() {
 
 void FrenteTcp::Aceptar() {
     while (!parar_) {
+        RecogerTerminadas(false);
         pollfd p{escucha_, POLLIN, 0};
         if (::poll(&p, 1, kRodaja) <= 0) {
-            RecogerTerminadas(false);
             continue;
         }
         const int fd = ::accept4(escucha_, nullptr, nullptr, SOCK_CLOEXEC);
@@ -269,7 +279,13 @@ void FrenteTcp::Retener(double segundos) {
 }
 
 void FrenteTcp::Atender(int fd) {
-    const bool abortar = AtenderPeticiones(fd);
+    bool abortar = true;
+    try {
+        abortar = AtenderPeticiones(fd);
+    } catch (const std::exception& e) {
+        // One bad request must not take the service down with it.
+        std::fprintf(stderr, "simulador: conexión abandonada: %s\n", e.what());
+    }
     std::lock_guard bloqueo(mutex_);
     if (abortar) {
         // A reset, not an orderly end: HTTP clients resend a request silently when the
@@ -323,6 +339,10 @@ bool FrenteTcp::AtenderPeticiones(int fd) {
             return false;
         }
         bufer.erase(0, finCabecera + 4);
+        if (c.Continuar && bufer.size() < c.Longitud &&
+            !Escribir(fd, "HTTP/1.1 100 Continue\r\n\r\n")) {
+            return false;
+        }
         while (bufer.size() < c.Longitud) {
             if (!LeerMas(fd, bufer, kEsperaPeticion)) {
                 return false;
