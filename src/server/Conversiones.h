@@ -66,6 +66,7 @@ private:
 
 // The classic numeric test: blanks around, one sign (before or after), "." thousands marks
 // after a digit, one decimal comma, an exponent (e or d), and a "€" at the start or the end.
+// It tests the form only: "1e400" passes, and its conversion is then error 6.
 bool IsNumeric(QStringView texto);
 
 // Text to whole numbers, rounded half to even: error 13 when the text is no number,
