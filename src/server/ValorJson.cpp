@@ -170,6 +170,9 @@ qsizetype DiccionarioJson::buscar(const QString& clave) const {
 }
 
 void DiccionarioJson::annadir(const QString& clave, ValorJson valor) {
+    if (entradas_.empty()) {
+        entradas_.reserve(4);
+    }
     entradas_.emplace_back(clave, std::move(valor));
     if (entradas_.size() == kUmbralIndice + 1) {
         for (size_t i = 0; i < entradas_.size(); ++i) {
