@@ -145,10 +145,11 @@ std::optional<NumeroLeido> analizar(QStringView t) {
 } // namespace
 
 Decimal::Decimal(qint64 entero)
-    : mantisa_(entero < 0 ? Ancho(-(entero + 1)) + 1 : Ancho(entero)), negativo_(entero < 0) {}
+    : bajo_(entero < 0 ? quint64(-(entero + 1)) + 1 : quint64(entero)), negativo_(entero < 0) {}
 
 Decimal::Decimal(Ancho mantisa, int escala, bool negativo)
-    : mantisa_(mantisa), escala_(escala), negativo_(negativo && mantisa != 0) {}
+    : bajo_(static_cast<quint64>(mantisa)), alto_(static_cast<quint32>(mantisa >> 64)),
+      escala_(static_cast<quint8>(escala)), negativo_(negativo && mantisa != 0) {}
 
 // Brings a magnitude of any size below 2^96 and a scale to 0..28 by dropping digits of
 // the fraction (half to even); error 6 when the whole part alone does not fit.
@@ -229,7 +230,7 @@ Decimal Decimal::desdeTexto(QStringView texto) {
 }
 
 QString Decimal::aTexto() const {
-    Ancho m = mantisa_;
+    Ancho m = mantisa();
     int escala = escala_;
     while (escala > 0 && m % 10 == 0) {
         m /= 10;
@@ -257,11 +258,11 @@ QString Decimal::aTexto() const {
 }
 
 Decimal Decimal::redondeado() const {
-    return Decimal(dividirRedondeando(mantisa_, escala_), 0, negativo_);
+    return Decimal(dividirRedondeando(mantisa(), escala_), 0, negativo_);
 }
 
 qint32 Decimal::aEntero32() const {
-    const Ancho m = dividirRedondeando(mantisa_, escala_);
+    const Ancho m = dividirRedondeando(mantisa(), escala_);
     if (negativo() ? m > Ancho(2147483648u) : m > Ancho(2147483647)) {
         throw ErrorEjecucion(ErrorEjecucion::Desbordamiento);
     }
@@ -270,7 +271,7 @@ qint32 Decimal::aEntero32() const {
 }
 
 qint16 Decimal::aEntero16() const {
-    const Ancho m = dividirRedondeando(mantisa_, escala_);
+    const Ancho m = dividirRedondeando(mantisa(), escala_);
     if (negativo() ? m > Ancho(32768) : m > Ancho(32767)) {
         throw ErrorEjecucion(ErrorEjecucion::Desbordamiento);
     }
@@ -278,15 +279,15 @@ qint16 Decimal::aEntero16() const {
 }
 
 double Decimal::aDouble() const {
-    const auto alto = static_cast<quint64>(mantisa_ >> 64);
-    const auto bajo = static_cast<quint64>(mantisa_);
+    const auto alto = static_cast<quint64>(mantisa() >> 64);
+    const auto bajo = static_cast<quint64>(mantisa());
     double v = static_cast<double>(alto) * 18446744073709551616.0 + static_cast<double>(bajo);
     v /= static_cast<double>(kPot10[static_cast<size_t>(escala_)]);
     return negativo() ? -v : v;
 }
 
 Decimal Decimal::operator-() const {
-    return Decimal(mantisa_, escala_, !negativo_);
+    return Decimal(mantisa(), escala_, !negativo_);
 }
 
 namespace {
@@ -312,8 +313,8 @@ void alinear(Ancho& ma, int& ea, Ancho& mb, int& eb) {
 } // namespace
 
 Decimal operator+(const Decimal& a, const Decimal& b) {
-    Ancho ma = a.mantisa_;
-    Ancho mb = b.mantisa_;
+    Ancho ma = a.mantisa();
+    Ancho mb = b.mantisa();
     int ea = a.escala_;
     int eb = b.escala_;
     alinear(ma, ea, mb, eb);
@@ -330,8 +331,8 @@ std::strong_ordering operator<=>(const Decimal& a, const Decimal& b) {
     if (a.negativo() != b.negativo()) {
         return a.negativo() ? std::strong_ordering::less : std::strong_ordering::greater;
     }
-    Ancho ma = a.mantisa_;
-    Ancho mb = b.mantisa_;
+    Ancho ma = a.mantisa();
+    Ancho mb = b.mantisa();
     int ea = a.escala_;
     int eb = b.escala_;
     // Exact comparison: scale the one with fewer places up while it can, else compare the

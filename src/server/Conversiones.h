@@ -32,8 +32,8 @@ public:
     // "-12,5": decimal comma, no thousands mark, no trailing zeros of the fraction.
     QString aTexto() const;
 
-    bool esCero() const { return mantisa_ == 0; }
-    bool negativo() const { return negativo_ && mantisa_ != 0; }
+    bool esCero() const { return bajo_ == 0 && alto_ == 0; }
+    bool negativo() const { return negativo_ && !esCero(); }
     int escala() const { return escala_; }
 
     // The nearest whole number, halves to the even one (2,5 -> 2; 3,5 -> 4).
@@ -55,13 +55,18 @@ private:
     Decimal(Ancho mantisa, int escala, bool negativo);
     static Decimal normalizado(Ancho mantisa, int escala, bool negativo);
 
-    Ancho mantisa_ = 0; // always below 2^96
-    int escala_ = 0;
+    Ancho mantisa() const { return (Ancho(alto_) << 64) | bajo_; }
+
+    // The 96-bit magnitude in two words, so that a value takes 16 bytes.
+    quint64 bajo_ = 0;
+    quint32 alto_ = 0;
+    quint8 escala_ = 0;
     bool negativo_ = false;
 };
 
 // The classic numeric test: blanks around, one sign (before or after), "." thousands marks
 // after a digit, one decimal comma, an exponent (e or d), and a "€" at the start or the end.
+// It tests the form only: "1e400" passes, and its conversion is then error 6.
 bool IsNumeric(QStringView texto);
 
 // Text to whole numbers, rounded half to even: error 13 when the text is no number,

@@ -232,9 +232,56 @@ ValorJson LectorJson::leerColeccion(int profundidad) {
     return col;
 }
 
+namespace {
+
+// The characters of a key, gathered as one view of the text while they are contiguous
+// (the usual case), so that a repeated key costs no new text.
+class ClaveEnCurso {
+public:
+    void annadir(QStringView trozo) {
+        if (!copia_ && (vista_.isEmpty() || vista_.data() + vista_.size() == trozo.data())) {
+            vista_ =
+                vista_.isEmpty() ? trozo : QStringView(vista_.data(), vista_.size() + trozo.size());
+            return;
+        }
+        if (!copia_) {
+            texto_ = vista_.toString();
+            copia_ = true;
+        }
+        texto_.append(trozo);
+    }
+    QString texto() const { return copia_ ? texto_ : vista_.toString(); }
+    bool esVista() const { return !copia_; }
+    QStringView vista() const { return vista_; }
+
+private:
+    QStringView vista_;
+    QString texto_;
+    bool copia_ = false;
+};
+
+} // namespace
+
+QString LectorJson::claveCompartida(QStringView vista) {
+    if (vista.isEmpty()) {
+        return QString();
+    }
+    const size_t h = (static_cast<size_t>(vista.size()) * 31 + vista.front().unicode() * 7 +
+                      vista.back().unicode() * 3) %
+                     claves_.size();
+    QString& guardada = claves_[h];
+    if (guardada != vista) {
+        guardada = vista.toString();
+    }
+    return guardada;
+}
+
 QString LectorJson::leerClave() {
     saltar();
-    QString clave;
+    ClaveEnCurso clave;
+    auto resultado = [&] {
+        return clave.esVista() ? claveCompartida(clave.vista()) : clave.texto();
+    };
     bool dobles = false;
     bool simples = false;
     while (!fin()) {
@@ -247,25 +294,34 @@ QString LectorJson::leerClave() {
                 saltar();
                 if (actual() != u':') {
                     errores_ += QStringLiteral("Invalid Key at position ") +
-                                QString::number(pos_ + 1) + QStringLiteral(" : ") + clave +
+                                QString::number(pos_ + 1) + QStringLiteral(" : ") + clave.texto() +
                                 kFinLinea;
-                    return clave;
+                    return resultado();
                 }
             }
         } else if (c == u':') {
             ++pos_;
             if (!dobles && !simples) {
-                return clave;
+                return resultado();
             }
-            clave += c;
-        } else {
+            clave.annadir(s_.sliced(pos_ - 1, 1));
+        } else if (c == u'\r' || c == u'\n' || c == u'\t' || c == u' ') {
             ++pos_;
-            if (c != u'\r' && c != u'\n' && c != u'\t' && c != u' ') {
-                clave += c;
+        } else {
+            // A run of ordinary characters joins the key at once.
+            const qsizetype desde = pos_;
+            while (!fin()) {
+                const char16_t u = s_[pos_].unicode();
+                if (u == u'"' || u == u'\'' || u == u':' || u == u'\r' || u == u'\n' ||
+                    u == u'\t' || u == u' ') {
+                    break;
+                }
+                ++pos_;
             }
+            clave.annadir(s_.sliced(desde, pos_ - desde));
         }
     }
-    return clave;
+    return resultado();
 }
 
 QString LectorJson::leerTexto() {
@@ -282,6 +338,12 @@ QString LectorJson::leerTexto() {
             ++fin;
         }
         if (fin > pos_) {
+            if (sb.Length() == 0 && fin < n && d[fin] == comilla) {
+                // A string without escapes: one copy, no buffer.
+                const QString r = s_.sliced(pos_, fin - pos_).toString();
+                pos_ = fin + 1;
+                return r;
+            }
             sb.Append(s_.sliced(pos_, fin - pos_));
             pos_ = fin;
             continue;
@@ -347,9 +409,19 @@ ValorJson LectorJson::leerNumero() {
     if (fin()) {
         return ValorJson();
     }
-    cifras_ = s_.sliced(inicio, pos_ - inicio).toString();
-    cifras_.replace(u'.', u',');
-    return ValorJson(clasico::CDec(cifras_));
+    // "." becomes the decimal comma; short numbers are converted from a buffer on the stack.
+    const qsizetype largo = pos_ - inicio;
+    char16_t local[64];
+    char16_t* cifras = local;
+    if (largo > 64) {
+        cifras_.resize(largo);
+        cifras = reinterpret_cast<char16_t*>(cifras_.data());
+    }
+    for (qsizetype k = 0; k < largo; ++k) {
+        const char16_t u = s_[inicio + k].unicode();
+        cifras[k] = u == u'.' ? u',' : u;
+    }
+    return ValorJson(clasico::CDec(QStringView(cifras, largo)));
 }
 
 ValorJson LectorJson::leerBooleano() {

@@ -4,6 +4,7 @@
 
 #include <QString>
 #include <QStringView>
+#include <array>
 
 // The desk's tolerant JSON reader. Besides JSON it accepts comments (// and /* */), round
 // brackets as space, missing commas, unquoted and single-quoted keys (blanks dropped),
@@ -36,11 +37,14 @@ private:
     ValorJson leerBooleano();
     ValorJson leerNulo();
     QString posicionYResto() const;
+    // A key as a text shared with the last key of the same look (menus repeat theirs).
+    QString claveCompartida(QStringView vista);
 
     QStringView s_;
     qsizetype pos_ = 0;
     QString errores_;
     QString cifras_;
+    std::array<QString, 64> claves_;
 };
 
 // Parses `texto`; when `ErroresJson` is given it receives the error lines of this parse.

@@ -157,34 +157,59 @@ bool ValorJson::operator==(const ValorJson& otro) const {
     return v_ == otro.v_;
 }
 
-ValorJson& DiccionarioJson::Item(const QString& clave) {
-    auto it = indice_.constFind(clave);
-    if (it != indice_.cend()) {
-        return entradas_[static_cast<size_t>(*it)].second;
+qsizetype DiccionarioJson::buscar(const QString& clave) const {
+    if (entradas_.size() > kUmbralIndice) {
+        return indice_.value(clave, -1);
     }
-    indice_.insert(clave, static_cast<qsizetype>(entradas_.size()));
-    entradas_.emplace_back(clave, ValorJson());
+    for (size_t i = 0; i < entradas_.size(); ++i) {
+        if (entradas_[i].first == clave) {
+            return static_cast<qsizetype>(i);
+        }
+    }
+    return -1;
+}
+
+void DiccionarioJson::annadir(const QString& clave, ValorJson valor) {
+    if (entradas_.empty()) {
+        entradas_.reserve(4);
+    }
+    entradas_.emplace_back(clave, std::move(valor));
+    if (entradas_.size() == kUmbralIndice + 1) {
+        for (size_t i = 0; i < entradas_.size(); ++i) {
+            indice_.insert(entradas_[i].first, static_cast<qsizetype>(i));
+        }
+    } else if (entradas_.size() > kUmbralIndice + 1) {
+        indice_.insert(clave, static_cast<qsizetype>(entradas_.size() - 1));
+    }
+}
+
+ValorJson& DiccionarioJson::Item(const QString& clave) {
+    const qsizetype i = buscar(clave);
+    if (i >= 0) {
+        return entradas_[static_cast<size_t>(i)].second;
+    }
+    annadir(clave, ValorJson());
     return entradas_.back().second;
 }
 
 void DiccionarioJson::Add(const QString& clave, ValorJson valor) {
-    if (indice_.contains(clave)) {
+    if (buscar(clave) >= 0) {
         error(kClaveRepetida);
     }
-    indice_.insert(clave, static_cast<qsizetype>(entradas_.size()));
-    entradas_.emplace_back(clave, std::move(valor));
+    annadir(clave, std::move(valor));
 }
 
 void DiccionarioJson::Remove(const QString& clave) {
-    auto it = indice_.constFind(clave);
-    if (it == indice_.cend()) {
+    const qsizetype posicion = buscar(clave);
+    if (posicion < 0) {
         error(ErrorEjecucion::ArgumentoNoValido);
     }
-    const auto posicion = static_cast<size_t>(*it);
     entradas_.erase(entradas_.begin() + static_cast<std::ptrdiff_t>(posicion));
     indice_.clear();
-    for (size_t i = 0; i < entradas_.size(); ++i) {
-        indice_.insert(entradas_[i].first, static_cast<qsizetype>(i));
+    if (entradas_.size() > kUmbralIndice) {
+        for (size_t i = 0; i < entradas_.size(); ++i) {
+            indice_.insert(entradas_[i].first, static_cast<qsizetype>(i));
+        }
     }
 }
 

@@ -6,10 +6,10 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
-#include <deque>
 #include <memory>
 #include <utility>
 #include <variant>
+#include <vector>
 
 class DiccionarioJson;
 class ColeccionJson;
@@ -88,9 +88,10 @@ private:
 class DiccionarioJson {
 public:
     int Count() const { return static_cast<int>(entradas_.size()); }
-    bool Exists(const QString& clave) const { return indice_.contains(clave); }
+    bool Exists(const QString& clave) const { return buscar(clave) >= 0; }
     // The value of a key; an absent key is added with the Empty value, as the classic
-    // dictionary's default property does. References stay valid while keys are added.
+    // dictionary's default property does. The reference stays valid until the next key
+    // is added to this dictionary.
     ValorJson& Item(const QString& clave);
     // Adds a key; error 457 when the key is there already (the first value stays).
     void Add(const QString& clave, ValorJson valor);
@@ -99,10 +100,15 @@ public:
     QStringList Keys() const;
     QList<ValorJson> Items() const;
     // The entries in order.
-    const std::deque<std::pair<QString, ValorJson>>& entradas() const { return entradas_; }
+    const std::vector<std::pair<QString, ValorJson>>& entradas() const { return entradas_; }
 
 private:
-    std::deque<std::pair<QString, ValorJson>> entradas_;
+    qsizetype buscar(const QString& clave) const;
+    void annadir(const QString& clave, ValorJson valor);
+
+    // Small objects are searched in order; past a few keys an index is kept.
+    static constexpr size_t kUmbralIndice = 8;
+    std::vector<std::pair<QString, ValorJson>> entradas_;
     QHash<QString, qsizetype> indice_;
 };
 
@@ -113,8 +119,8 @@ public:
     void Add(ValorJson valor) { items_.push_back(std::move(valor)); }
     // Item number `indice`, 1 to Count; error 9 otherwise.
     ValorJson& Item(int indice);
-    const std::deque<ValorJson>& items() const { return items_; }
+    const std::vector<ValorJson>& items() const { return items_; }
 
 private:
-    std::deque<ValorJson> items_;
+    std::vector<ValorJson> items_;
 };
