@@ -4,10 +4,12 @@
 #include "platform/CanalHttp.h"
 #include "platform/Reloj.h"
 #include "server/Pasarela.h"
+#include "sound/AlertaSonora.h"
 
 ModuloPrincipal::ModuloPrincipal(QObject* padre)
     : QObject(padre), reloj_(std::make_unique<RelojSistema>()),
-      cajas_(std::make_unique<RegistroCajas>()), pasarela_(std::make_unique<Pasarela>(*this)) {
+      cajas_(std::make_unique<RegistroCajas>()), pasarela_(std::make_unique<Pasarela>(*this)),
+      sonido_(std::make_unique<AlertaSonora>(*this)) {
     setServidor(ServidorPorDefecto);
 }
 

@@ -14,6 +14,7 @@ class Reloj;
 class CajaMensajes;
 class Pasarela;
 class CanalHttp;
+class AlertaSonora;
 
 // The program's one piece of global state: identification, configuration variables,
 // the order record, the printer slots and the flags. The program makes one; each test
@@ -34,6 +35,8 @@ public:
     Reloj& reloj() const { return *reloj_; }
     CajaMensajes& cajas() const { return *cajas_; }
     Pasarela& pasarela() const { return *pasarela_; }
+    // The alert melody (its players are set by the window side).
+    AlertaSonora& sonido() const { return *sonido_; }
     void setReloj(std::unique_ptr<Reloj> r);
     void setCajas(std::unique_ptr<CajaMensajes> c);
     // Replaces the gateway's three channels (direct, first and second control).
@@ -140,4 +143,5 @@ private:
     std::unique_ptr<Reloj> reloj_;
     std::unique_ptr<CajaMensajes> cajas_;
     std::unique_ptr<Pasarela> pasarela_;
+    std::unique_ptr<AlertaSonora> sonido_;
 };

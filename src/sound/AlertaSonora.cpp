@@ -1,0 +1,157 @@
+#include "sound/AlertaSonora.h"
+
+#include "platform/ErrorEjecucion.h"
+#include "shell/ModuloPrincipal.h"
+#include "sound/ReproductorAudio.h"
+#include "sound/RutasArchivo.h"
+
+#include <exception>
+
+namespace {
+
+// The extension test is a plain, case-sensitive search anywhere in the path: ".MP3" is
+// not a melody, "x.mp3.bak" is.
+bool pareceMelodia(const QString& ruta) {
+    return ruta.contains(QLatin1String(".wav")) || ruta.contains(QLatin1String(".mp3"));
+}
+
+bool pregunta(const std::function<bool()>& f) {
+    return f ? f() : false;
+}
+
+} // namespace
+
+AlertaSonora::AlertaSonora(ModuloPrincipal& modulo, QObject* padre) : QObject(padre), m_(modulo) {}
+
+AlertaSonora::~AlertaSonora() = default;
+
+void AlertaSonora::setReproductores(std::unique_ptr<ReproductorAudio> mci,
+                                    std::unique_ptr<ReproductorAudio> wmp) {
+    mci_ = std::move(mci);
+    wmp_ = std::move(wmp);
+}
+
+QString AlertaSonora::rutaFallback() const {
+    return m_.CarpetaAplicacion + QLatin1Char('/') + MelodiaPorDefecto;
+}
+
+ReproductorAudio& AlertaSonora::mci() const {
+    if (!mci_) {
+        throw ErrorEjecucion(ErrorEjecucion::VariableDeObjetoNoEstablecida);
+    }
+    return *mci_;
+}
+
+ReproductorAudio& AlertaSonora::wmp() const {
+    if (!wmp_) {
+        throw ErrorEjecucion(ErrorEjecucion::VariableDeObjetoNoEstablecida);
+    }
+    return *wmp_;
+}
+
+void AlertaSonora::informar(const QString& texto) {
+    Q_EMIT m_.textoInfo(texto);
+}
+
+void AlertaSonora::PrepararMelodia() {
+    QString candidata = m_.CarpetaAplicacion + QLatin1Char('/') + m_.MelodiaPedNuevo;
+    if (!rutas::ExisteArchivo(candidata) || !pareceMelodia(candidata)) {
+        // The fallback itself is not checked: a missing one shows up when it is played.
+        candidata = rutaFallback();
+    }
+    rutaMelodia_ = m_.TipoReproAudio == 0 ? rutas::RutaCorta(candidata) : candidata;
+}
+
+void AlertaSonora::PrepararMelodiaYVolumen() {
+    PrepararMelodia();
+    if (m_.TipoReproAudio == 1) {
+        setVolumenReproductor(m_.VolumenMelodiaWmp);
+    }
+}
+
+void AlertaSonora::ReproducirSonido() {
+    if (m_.CancelarSonido) {
+        return;
+    }
+    try {
+        informar(QString());
+        if (!pareceMelodia(rutaMelodia_)) {
+            informar(TextoAviso + rutaMelodia_);
+            rutaMelodia_ =
+                m_.TipoReproAudio == 0 ? rutas::RutaCorta(rutaFallback()) : rutaFallback();
+        }
+        if (m_.TipoReproAudio == 1) {
+            wmp().reproducir(rutaMelodia_);
+        } else {
+            mci().reproducir(rutaMelodia_);
+        }
+        Q_EMIT textoMusica(TextoParar);
+    } catch (const ErrorEjecucion& e) {
+        informar(e.descripcion());
+    } catch (const std::exception& e) {
+        informar(QString::fromLocal8Bit(e.what()));
+    }
+}
+
+void AlertaSonora::DetenerSonido() {
+    if (m_.CancelarSonido) {
+        return;
+    }
+    try {
+        informar(QString());
+        if (m_.TipoReproAudio == 1) {
+            wmp().detener(rutaMelodia_);
+        } else {
+            mci().detener(rutaMelodia_);
+        }
+        Q_EMIT textoMusica(TextoReproducir);
+    } catch (const std::exception&) {
+        informar(TextoProblemaDetener);
+    }
+}
+
+void AlertaSonora::tickMusica() {
+    const auto& s = silenciadores_;
+    const bool pedido = m_.PedidoNuevoPendiente && !pregunta(s.TimerSilenciarActivo) &&
+                        !pregunta(s.ProductosRechazarIngredientesPedidoVisible) &&
+                        !pregunta(s.RechazarPedidoVisible) && !pregunta(s.AceptarPedidoVisible);
+    const bool mensaje = m_.MensajeNuevoPendiente && !pregunta(s.TimerSilenciarMensajeActivo);
+    if (!pedido && !mensaje) {
+        return;
+    }
+    if (m_.TipoReproAudio == 0) {
+        // No check whether it still sounds: the start is simply sent again.
+        ReproducirSonido();
+    } else if (m_.TipoReproAudio == 1) {
+        QString estado;
+        try {
+            estado = wmp().estado();
+        } catch (const ErrorEjecucion& e) {
+            informar(e.descripcion());
+            return;
+        }
+        if (estado == ReproductorAudio::Detenido) {
+            ReproducirSonido();
+        }
+    }
+}
+
+void AlertaSonora::alternarMusica() {
+    // The flag decides, not the caption: after an automatic start the first click starts
+    // the melody once more and only the second one stops it.
+    if (musicaSonando_) {
+        DetenerSonido();
+        musicaSonando_ = false;
+    } else {
+        ReproducirSonido();
+        musicaSonando_ = true;
+    }
+}
+
+void AlertaSonora::setVolumenReproductor(int volumen) {
+    wmp().setVolumen(volumen);
+}
+
+bool AlertaSonora::musicaOfrecida() const {
+    return !m_.CancelarSonido;
+}
