@@ -1,0 +1,189 @@
+#include "ControlSimulador.h"
+
+#include <nlohmann/json.hpp>
+
+namespace simulador {
+
+namespace {
+
+using json = nlohmann::ordered_json;
+
+Respuesta Json(const json& valor) {
+    Respuesta r;
+    r.Tipo = "application/json; charset=utf-8";
+    // Bytes that are not UTF-8 (a raw query can hold anything) become U+FFFD rather than
+    // failing the whole answer.
+    r.Cuerpo = valor.dump(-1, ' ', false, json::error_handler_t::replace);
+    return r;
+}
+
+Respuesta Fallo(int estado, std::string texto) {
+    Respuesta r;
+    r.Estado = estado;
+    r.Cuerpo = std::move(texto);
+    return r;
+}
+
+Respuesta Hecho() {
+    return Json(json{{"ok", true}});
+}
+
+// Ids and passwords may come as JSON numbers or texts; the service compares texts.
+std::string ComoTexto(const json& valor) {
+    if (valor.is_string()) {
+        return valor.get<std::string>();
+    }
+    return valor.dump();
+}
+
+json PedidoAJson(const ServicioSimulado::PedidoGuardado& guardado) {
+    const auto& p = guardado.Pedido;
+    json respuestas = json::array();
+    for (const auto& r : guardado.Respuestas) {
+        respuestas.push_back({{"ak", r.Ak}, {"m", r.M}, {"consulta", r.Consulta}, {"ms", r.Ms}});
+    }
+    const bool aceptado = p.Estado == "Aceptado";
+    const bool rechazado = p.Estado == "Rechazado";
+    return {{"numero", p.NumPedido},
+            {"estado", p.Estado},
+            {"minutos", aceptado ? p.TiempoOMotivo : ""},
+            {"motivo", rechazado ? p.TiempoOMotivo : ""},
+            {"formaEntrega", p.FormaEntrega},
+            {"linea", LineaPedido(p)},
+            {"respuestas", respuestas}};
+}
+
+Respuesta Configurar(ServicioSimulado& servicio, const json& cuerpo) {
+    auto configuracion = servicio.ConfiguracionActual();
+    if (cuerpo.contains("idEstablecimiento")) {
+        configuracion.Id = ComoTexto(cuerpo["idEstablecimiento"]);
+    }
+    if (cuerpo.contains("passwordconfig")) {
+        configuracion.Password = ComoTexto(cuerpo["passwordconfig"]);
+    }
+    if (cuerpo.contains("numconfig")) {
+        configuracion.NumConfig = ComoTexto(cuerpo["numconfig"]);
+    }
+    if (cuerpo.contains("documentoTexto")) {
+        if (!cuerpo["documentoTexto"].is_string()) {
+            return Fallo(400, "documentoTexto debe ser texto");
+        }
+        configuracion.Documento = cuerpo["documentoTexto"].get<std::string>();
+    } else if (cuerpo.contains("documento")) {
+        configuracion.Documento = cuerpo["documento"].dump();
+    }
+    servicio.Configurar(configuracion);
+    return Hecho();
+}
+
+Respuesta AnadirFallo(ServicioSimulado& servicio, const json& cuerpo) {
+    ServicioSimulado::Fallo fallo;
+    fallo.Tipo = cuerpo.value("tipo", "");
+    if (!ServicioSimulado::TipoDeFalloValido(fallo.Tipo)) {
+        return Fallo(400, "tipo de fallo desconocido: " + fallo.Tipo);
+    }
+    fallo.Segundos = cuerpo.value("segundos", 0.0);
+    fallo.Veces =
+        cuerpo.contains("veces") && !cuerpo["veces"].is_null() ? cuerpo["veces"].get<int>() : -1;
+    fallo.Ruta = cuerpo.contains("ruta") && cuerpo["ruta"].is_string()
+                     ? cuerpo["ruta"].get<std::string>()
+                     : "";
+    servicio.AnadirFallo(fallo);
+    return Hecho();
+}
+
+Respuesta GenerarPedidos(ServicioSimulado& servicio, const json& cuerpo) {
+    ClasePedido clase = ClasePedido::Mezcla;
+    if (!LeerClasePedido(cuerpo.value("clase", "mezcla"), clase)) {
+        return Fallo(400, "clase de pedido desconocida");
+    }
+    const int cantidad = cuerpo.value("cantidad", 1);
+    if (cantidad < 0 || cantidad > 10000) {
+        return Fallo(400, "cantidad fuera de límites");
+    }
+    const auto nuevos = servicio.GenerarPedidos(cantidad, cuerpo.value("semilla", 1ULL), clase,
+                                                cuerpo.value("productos", 0));
+    json lista = json::array();
+    for (const auto& p : nuevos) {
+        lista.push_back(PedidoAJson(p));
+    }
+    return Json(lista);
+}
+
+Respuesta Encolar(ServicioSimulado& servicio, const json& cuerpo) {
+    if (!cuerpo.contains("ruta") || !cuerpo["ruta"].is_string() || !cuerpo.contains("cuerpos") ||
+        !cuerpo["cuerpos"].is_array()) {
+        return Fallo(400, "se esperan ruta y cuerpos");
+    }
+    servicio.Encolar(cuerpo["ruta"].get<std::string>(),
+                     cuerpo["cuerpos"].get<std::vector<std::string>>());
+    return Hecho();
+}
+
+} // namespace
+
+Respuesta AtenderControl(ServicioSimulado& servicio, const Peticion& peticion) {
+    std::string ruta;
+    std::string consulta;
+    PartirObjetivo(peticion.Objetivo, ruta, consulta);
+    const std::string recurso = ruta.substr(kPrefijoControl.size());
+    const std::string& metodo = peticion.Metodo;
+
+    json cuerpo = json::object();
+    if (metodo == "POST" || metodo == "PUT") {
+        cuerpo = json::parse(peticion.Cuerpo, nullptr, false);
+        if (!cuerpo.is_object()) {
+            return Fallo(400, "el cuerpo debe ser un objeto JSON");
+        }
+    }
+    try {
+        if (recurso == "registro" && metodo == "GET") {
+            json lista = json::array();
+            for (const auto& e : servicio.Registro()) {
+                lista.push_back({{"n", e.N},
+                                 {"esquema", e.Esquema},
+                                 {"ruta", e.Ruta},
+                                 {"consulta", e.Consulta},
+                                 {"ms", e.Ms}});
+            }
+            return Json(lista);
+        }
+        if (recurso == "registro" && metodo == "DELETE") {
+            servicio.LimpiarRegistro();
+            return Hecho();
+        }
+        if (recurso == "respuestas" && metodo == "POST") {
+            return Encolar(servicio, cuerpo);
+        }
+        if (recurso == "respuestas" && metodo == "DELETE") {
+            servicio.VaciarColas();
+            return Hecho();
+        }
+        if (recurso == "fallos" && metodo == "POST") {
+            return AnadirFallo(servicio, cuerpo);
+        }
+        if (recurso == "fallos" && metodo == "DELETE") {
+            servicio.QuitarFallos();
+            return Hecho();
+        }
+        if (recurso == "configuracion" && metodo == "PUT") {
+            return Configurar(servicio, cuerpo);
+        }
+        if (recurso == "pedidos" && metodo == "POST") {
+            return GenerarPedidos(servicio, cuerpo);
+        }
+        if (recurso == "pedidos" && metodo == "GET") {
+            json lista = json::array();
+            for (const auto& p : servicio.Pedidos()) {
+                lista.push_back(PedidoAJson(p));
+            }
+            return Json(lista);
+        }
+    } catch (const json::exception& e) {
+        // A value of the wrong type in the body.
+        return Fallo(400, e.what());
+    }
+    return Fallo(404, "control desconocido: " + metodo + " " + ruta);
+}
+
+} // namespace simulador

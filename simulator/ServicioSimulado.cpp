@@ -1,0 +1,408 @@
+#include "ServicioSimulado.h"
+
+#include <array>
+#include <cstdlib>
+#include <ctime>
+#include <nlohmann/json.hpp>
+#include <random>
+
+namespace simulador {
+
+namespace {
+
+constexpr const char* kNoEncontrado =
+    "\"No se ha encontrado establecimento con el id y password indicado\"";
+constexpr const char* kRutaPoll = "pedidosgprs/pedidosnuevos";
+
+std::string Hora(std::chrono::system_clock::time_point momento, const char* formato) {
+    const std::time_t t = std::chrono::system_clock::to_time_t(momento);
+    std::tm local{};
+    localtime_r(&t, &local);
+    char texto[64];
+    std::strftime(texto, sizeof texto, formato, &local);
+    return texto;
+}
+
+// Spanish date and time as the service writes it: "22/11/2026 9:05:07".
+std::string FechaHora(std::chrono::system_clock::time_point momento) {
+    const std::time_t t = std::chrono::system_clock::to_time_t(momento);
+    std::tm local{};
+    localtime_r(&t, &local);
+    char texto[64];
+    std::snprintf(texto, sizeof texto, "%02d/%02d/%04d %d:%02d:%02d", local.tm_mday,
+                  local.tm_mon + 1, local.tm_year + 1900, local.tm_hour, local.tm_min,
+                  local.tm_sec);
+    return texto;
+}
+
+bool Entero(const std::string& texto, long& valor) {
+    if (texto.empty()) {
+        return false;
+    }
+    char* fin = nullptr;
+    valor = std::strtol(texto.c_str(), &fin, 10);
+    return *fin == '\0';
+}
+
+std::string PaginaError502() {
+    return "<html>\r\n<head><title>502 Bad Gateway</title></head>\r\n<body>\r\n"
+           "<center><h1>502 Bad Gateway</h1></center>\r\n<hr><center>pasarela</center>\r\n"
+           "</body>\r\n</html>\r\n";
+}
+
+std::string Basura() {
+    thread_local std::mt19937 motor{std::random_device{}()};
+    // 0xFF never occurs in UTF-8, and no byte below 0x80 follows, so the body can't pass
+    // for text of any kind.
+    std::string bytes(1, static_cast<char>(0xFF));
+    for (int i = 0; i < 63; ++i) {
+        bytes += static_cast<char>(0x80 + motor() % 0x80);
+    }
+    return bytes;
+}
+
+} // namespace
+
+ServicioSimulado::ServicioSimulado(Configuracion inicial) : configuracion_(std::move(inicial)) {}
+
+bool ServicioSimulado::TipoDeFalloValido(const std::string& tipo) {
+    static constexpr std::array<std::string_view, 7> tipos = {
+        "rechazar", "colgar", "error", "vacio", "basura", "status500", "titulo502"};
+    for (const auto t : tipos) {
+        if (t == tipo) {
+            return true;
+        }
+    }
+    return false;
+}
+
+long long ServicioSimulado::MsDesdeInicio() const {
+    return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() -
+                                                                 inicio_)
+        .count();
+}
+
+Respuesta ServicioSimulado::Atender(const Peticion& peticion) {
+    std::string ruta;
+    std::string consulta;
+    if (!peticion.Https) {
+        PartirObjetivo(peticion.Objetivo, ruta, consulta);
+        constexpr std::string_view api = "/api/";
+        if (ruta.starts_with(api)) {
+            ruta.erase(0, api.size());
+        }
+    }
+    std::lock_guard bloqueo(mutex_);
+    registro_.push_back(
+        {siguienteN_++, peticion.Https ? "https" : "http", ruta, consulta, MsDesdeInicio()});
+
+    Fallo fallo;
+    if (BuscarFallo(peticion.Https, ruta, fallo)) {
+        return RespuestaDeFallo(fallo);
+    }
+    if (peticion.Https) {
+        // No TLS here: the desk must fall back to plain http.
+        Respuesta cerrar;
+        cerrar.Que = Respuesta::Accion::Cerrar;
+        return cerrar;
+    }
+    auto cola = colas_.find(ruta);
+    if (cola != colas_.end() && !cola->second.empty()) {
+        Respuesta respuesta;
+        respuesta.Cuerpo = std::move(cola->second.front());
+        cola->second.pop_front();
+        return respuesta;
+    }
+    return Normal(ruta, consulta);
+}
+
+bool ServicioSimulado::BuscarFallo(bool https, const std::string& ruta, Fallo& fallo) {
+    for (auto it = fallos_.begin(); it != fallos_.end(); ++it) {
+        // An https attempt carries no path, and only a connection-level fault can show on it.
+        const bool aplica =
+            https ? (it->Ruta.empty() && (it->Tipo == "rechazar" || it->Tipo == "colgar"))
+                  : (it->Ruta.empty() || it->Ruta == ruta);
+        if (!aplica) {
+            continue;
+        }
+        fallo = *it;
+        if (it->Veces > 0 && --it->Veces == 0) {
+            fallos_.erase(it);
+        }
+        return true;
+    }
+    return false;
+}
+
+Respuesta ServicioSimulado::RespuestaDeFallo(const Fallo& fallo) const {
+    Respuesta r;
+    if (fallo.Tipo == "rechazar") {
+        r.Que = Respuesta::Accion::Cerrar;
+    } else if (fallo.Tipo == "colgar") {
+        r.Que = Respuesta::Accion::Colgar;
+        r.Segundos = fallo.Segundos;
+    } else if (fallo.Tipo == "error") {
+        r.Cuerpo = "error";
+    } else if (fallo.Tipo == "basura") {
+        r.Cuerpo = Basura();
+        r.Tipo = "application/octet-stream";
+    } else if (fallo.Tipo == "status500") {
+        r.Cuerpo = "{\"status\":500}";
+    } else if (fallo.Tipo == "titulo502") {
+        r.Estado = 502;
+        r.Tipo = "text/html";
+        r.Cuerpo = PaginaError502();
+    }
+    // "vacio": the empty body of a default answer.
+    return r;
+}
+
+Respuesta ServicioSimulado::Normal(const std::string& ruta, const std::string& consulta) {
+    Respuesta r;
+    if (ruta == kRutaPoll) {
+        r.Cuerpo = "estadoapertura:" + TextoApertura();
+    } else if (ruta == "pedidosgprs/obtenerConfiguracionV2") {
+        r.Cuerpo = CredencialesCorrectas(consulta, true) ? configuracion_.Documento : kNoEncontrado;
+    } else if (ruta == "pedidosgprs/obtenerConfiguracion") {
+        r.Cuerpo = CredencialesCorrectas(consulta, false) ? ConfiguracionAntigua() : kNoEncontrado;
+    } else if (ruta == "pedidosgprs/actualizarConfigImpresora" ||
+               ruta == "pedidosgprs/eliminarConfigImpresora" ||
+               ruta == "pedidosgprs/actualizarConfigGeneral") {
+        r.Cuerpo = "OK";
+    } else if (ruta == "establecimiento/cerrarAbrirEstablecHasta") {
+        r.Cuerpo = Cerrar(consulta);
+    } else if (ruta == "pedidosgprs/obtenerPedido") {
+        if (const auto* p = Buscar(Parametro(consulta, "idPedidoEst"))) {
+            r.Cuerpo = LineaPedido(p->Pedido);
+        }
+    } else if (ruta == "pedidosgprs/respuestapedidos") {
+        r.Cuerpo = Responder(consulta);
+    } else if (ruta == "pedidosgprs/obtenerEstadoPedido") {
+        if (const auto* p = Buscar(Parametro(consulta, "idPedidoEst"))) {
+            r.Cuerpo = p->Respuestas.empty() ? "#1#" : "#2#";
+        }
+    }
+    // Any other path: recorded, empty body.
+    return r;
+}
+
+std::string ServicioSimulado::TextoApertura() {
+    if (apertura_ == Apertura::CerradoHasta && std::chrono::system_clock::now() >= cerradoHasta_) {
+        apertura_ = Apertura::Abierto;
+    }
+    switch (apertura_) {
+    case Apertura::Abierto:
+        return "Abierto";
+    case Apertura::Cerrado:
+        return "Cerrado";
+    case Apertura::CerradoHasta:
+        break;
+    }
+    return "Cerrado hasta " + textoCerradoHasta_;
+}
+
+bool ServicioSimulado::CredencialesCorrectas(const std::string& consulta, bool conNumConfig) const {
+    return Parametro(consulta, "idEstablecimiento") == configuracion_.Id &&
+           Parametro(consulta, "passwordconfig") == configuracion_.Password &&
+           (!conNumConfig || Parametro(consulta, "numconfig") == configuracion_.NumConfig);
+}
+
+std::string ServicioSimulado::ConfiguracionAntigua() const {
+    // The old single-printer reply: fields 4 to 15 describe a driver printer. Taken from
+    // the first "DW" printer of the document, or the usual values when there is none.
+    std::array<std::string, 16> campos = {configuracion_.Id,
+                                          "Establecimiento",
+                                          "3",
+                                          "1",
+                                          "2",
+                                          "0",
+                                          "80",
+                                          "Lucida Console",
+                                          "3.8448",
+                                          "10",
+                                          "14",
+                                          "4",
+                                          "------------------------------------------",
+                                          "60",
+                                          "0",
+                                          "0"};
+    const auto doc = nlohmann::json::parse(configuracion_.Documento, nullptr, false);
+    if (doc.is_object()) {
+        if (doc.contains("nombre") && doc["nombre"].is_string()) {
+            campos[1] = doc["nombre"].get<std::string>();
+        }
+        const auto impresoras = doc.value("configimpresoras", nlohmann::json::array());
+        for (const auto& i : impresoras) {
+            if (!i.is_object() || i.value("tipoimpresion", "") != "DW") {
+                continue;
+            }
+            const std::array<const char*, 12> claves = {"numerocopiasaceptado",
+                                                        "numerocopiasrechazado",
+                                                        "anchopapel",
+                                                        "fuente",
+                                                        "factorfuente",
+                                                        "tamannofuentepequenna",
+                                                        "tamannofuentegrande",
+                                                        "tamannofuenteseparador",
+                                                        "separadorlineas",
+                                                        "margenentrelineas",
+                                                        "iniciox",
+                                                        "inicioy"};
+            for (std::size_t k = 0; k < claves.size(); ++k) {
+                const auto& v = i.value(claves[k], nlohmann::json());
+                if (v.is_string()) {
+                    campos[4 + k] = v.get<std::string>();
+                } else if (v.is_number()) {
+                    campos[4 + k] = v.dump();
+                }
+            }
+            break;
+        }
+    }
+    std::string linea = "#";
+    for (std::size_t k = 0; k < campos.size(); ++k) {
+        linea += (k == 0 ? "" : "*") + campos[k];
+    }
+    return linea + "#";
+}
+
+std::string ServicioSimulado::Cerrar(const std::string& consulta) {
+    const auto accion = Parametro(consulta, "accion");
+    if (accion == "A") {
+        apertura_ = Apertura::Abierto;
+        return "\"Abierto\"";
+    }
+    if (accion != "C") {
+        return "";
+    }
+    const auto ahora = std::chrono::system_clock::now();
+    long minutos = 0;
+    long dias = 0;
+    if (Entero(Parametro(consulta, "minutos").value_or(""), minutos) && minutos > 0) {
+        cerradoHasta_ = ahora + std::chrono::minutes(minutos);
+        textoCerradoHasta_ = Hora(cerradoHasta_, "%H:%M");
+    } else if (Entero(Parametro(consulta, "dias").value_or(""), dias) && dias > 0) {
+        // Closed for the rest of the day (and the days after it, when more than one).
+        const std::time_t t = std::chrono::system_clock::to_time_t(ahora);
+        std::tm local{};
+        localtime_r(&t, &local);
+        local.tm_mday += static_cast<int>(dias - 1);
+        local.tm_hour = 23;
+        local.tm_min = 59;
+        local.tm_sec = 59;
+        local.tm_isdst = -1;
+        cerradoHasta_ = std::chrono::system_clock::from_time_t(std::mktime(&local));
+        textoCerradoHasta_ = Hora(cerradoHasta_, dias == 1 ? "%H:%M" : "%d/%m/%Y %H:%M");
+    } else {
+        // Closing at the end of the desk's run: closed with no end time.
+        apertura_ = Apertura::Cerrado;
+        return "\"Cerrado\"";
+    }
+    apertura_ = Apertura::CerradoHasta;
+    return "\"" + textoCerradoHasta_ + "\"";
+}
+
+ServicioSimulado::PedidoGuardado*
+ServicioSimulado::Buscar(const std::optional<std::string>& numero) {
+    long n = 0;
+    if (!numero || !Entero(*numero, n)) {
+        return nullptr;
+    }
+    auto it = pedidos_.find(n);
+    return it == pedidos_.end() ? nullptr : &it->second;
+}
+
+std::string ServicioSimulado::Responder(const std::string& consulta) {
+    auto* p = Buscar(Parametro(consulta, "o"));
+    if (p == nullptr) {
+        return "OK";
+    }
+    const auto ak = Parametro(consulta, "ak").value_or("");
+    const auto m = Parametro(consulta, "m").value_or("");
+    p->Respuestas.push_back({ak, m, consulta, MsDesdeInicio()});
+    if (ak == "Accepted") {
+        p->Pedido.Estado = "Aceptado";
+        // "20_Minutos" carries 20.
+        p->Pedido.TiempoOMotivo = m.substr(0, m.find('_'));
+        p->Pedido.HoraAceptacion = FechaHora(std::chrono::system_clock::now());
+    } else if (ak == "Rejected") {
+        p->Pedido.Estado = "Rechazado";
+        p->Pedido.TiempoOMotivo = m;
+    }
+    return "OK";
+}
+
+std::vector<ServicioSimulado::Entrada> ServicioSimulado::Registro() const {
+    std::lock_guard bloqueo(mutex_);
+    return registro_;
+}
+
+void ServicioSimulado::LimpiarRegistro() {
+    std::lock_guard bloqueo(mutex_);
+    registro_.clear();
+}
+
+void ServicioSimulado::Encolar(const std::string& ruta, const std::vector<std::string>& cuerpos) {
+    std::lock_guard bloqueo(mutex_);
+    auto& cola = colas_[ruta];
+    cola.insert(cola.end(), cuerpos.begin(), cuerpos.end());
+}
+
+void ServicioSimulado::VaciarColas() {
+    std::lock_guard bloqueo(mutex_);
+    colas_.clear();
+}
+
+void ServicioSimulado::AnadirFallo(const Fallo& fallo) {
+    if (fallo.Veces == 0) {
+        return;
+    }
+    std::lock_guard bloqueo(mutex_);
+    fallos_.push_back(fallo);
+}
+
+void ServicioSimulado::QuitarFallos() {
+    std::lock_guard bloqueo(mutex_);
+    fallos_.clear();
+}
+
+void ServicioSimulado::Configurar(const Configuracion& configuracion) {
+    std::lock_guard bloqueo(mutex_);
+    configuracion_ = configuracion;
+}
+
+ServicioSimulado::Configuracion ServicioSimulado::ConfiguracionActual() const {
+    std::lock_guard bloqueo(mutex_);
+    return configuracion_;
+}
+
+std::vector<ServicioSimulado::PedidoGuardado>
+ServicioSimulado::GenerarPedidos(int cantidad, std::uint64_t semilla, ClasePedido clase,
+                                 int productos, bool conHoraActual) {
+    std::vector<PedidoGuardado> nuevos;
+    std::lock_guard bloqueo(mutex_);
+    for (int i = 0; i < cantidad; ++i) {
+        PedidoGuardado guardado;
+        guardado.Pedido = GenerarPedido(semilla + static_cast<std::uint64_t>(i), clase, productos);
+        guardado.Pedido.NumPedido = std::to_string(siguientePedido_);
+        guardado.Pedido.Origen = configuracion_.Id;
+        if (conHoraActual) {
+            guardado.Pedido.RealizadoEl = Hora(std::chrono::system_clock::now(), "%d/%m/%Y %H:%M");
+        }
+        pedidos_[siguientePedido_++] = guardado;
+        colas_[kRutaPoll].push_back(LineaPedido(guardado.Pedido));
+        nuevos.push_back(std::move(guardado));
+    }
+    return nuevos;
+}
+
+std::vector<ServicioSimulado::PedidoGuardado> ServicioSimulado::Pedidos() const {
+    std::lock_guard bloqueo(mutex_);
+    std::vector<PedidoGuardado> todos;
+    for (const auto& [numero, pedido] : pedidos_) {
+        todos.push_back(pedido);
+    }
+    return todos;
+}
+
+} // namespace simulador

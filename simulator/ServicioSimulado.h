@@ -1,0 +1,103 @@
+// The stand-in online ordering service: what it records, what it answers on each path,
+// and the knobs (queued replies, faults, configuration, orders) that tests turn.
+// Thread-safe: every connection of the front calls in from its own thread.
+#pragma once
+
+#include "GeneradorPedidos.h"
+#include "Peticiones.h"
+
+#include <chrono>
+#include <deque>
+#include <map>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace simulador {
+
+class ServicioSimulado {
+public:
+    struct Entrada {
+        long N = 0;
+        std::string Esquema; // "http" or "https"
+        std::string Ruta;    // path below /api/, "" for an https attempt
+        std::string Consulta;
+        long long Ms = 0; // since the service started
+    };
+
+    struct Fallo {
+        std::string Tipo; // rechazar, colgar, error, vacio, basura, status500, titulo502
+        double Segundos = 0;
+        int Veces = -1;   // -1: until cleared
+        std::string Ruta; // empty: every path
+    };
+
+    struct Configuracion {
+        std::string Id;
+        std::string Password;
+        std::string NumConfig;
+        std::string Documento; // the reply text of a right reading, JSON or not
+    };
+
+    struct RespuestaPedido {
+        std::string Ak;
+        std::string M; // decoded
+        std::string Consulta;
+        long long Ms = 0;
+    };
+
+    struct PedidoGuardado {
+        PedidoGenerado Pedido;
+        std::vector<RespuestaPedido> Respuestas;
+    };
+
+    explicit ServicioSimulado(Configuracion inicial);
+
+    // An https attempt or a request for a service path (not a control request).
+    Respuesta Atender(const Peticion& peticion);
+
+    std::vector<Entrada> Registro() const;
+    void LimpiarRegistro();
+    void Encolar(const std::string& ruta, const std::vector<std::string>& cuerpos);
+    void VaciarColas();
+    void AnadirFallo(const Fallo& fallo);
+    void QuitarFallos();
+    void Configurar(const Configuracion& configuracion);
+    Configuracion ConfiguracionActual() const;
+
+    // Generates, stores and queues for the poll; returns the stored orders.
+    std::vector<PedidoGuardado> GenerarPedidos(int cantidad, std::uint64_t semilla,
+                                               ClasePedido clase, int productos,
+                                               bool conHoraActual = false);
+    std::vector<PedidoGuardado> Pedidos() const;
+
+    static bool TipoDeFalloValido(const std::string& tipo);
+
+private:
+    long long MsDesdeInicio() const;
+    bool BuscarFallo(bool https, const std::string& ruta, Fallo& fallo);
+    Respuesta RespuestaDeFallo(const Fallo& fallo) const;
+    Respuesta Normal(const std::string& ruta, const std::string& consulta);
+    std::string TextoApertura();
+    bool CredencialesCorrectas(const std::string& consulta, bool conNumConfig) const;
+    std::string ConfiguracionAntigua() const;
+    std::string Cerrar(const std::string& consulta);
+    std::string Responder(const std::string& consulta);
+    PedidoGuardado* Buscar(const std::optional<std::string>& numero);
+
+    mutable std::mutex mutex_;
+    const std::chrono::steady_clock::time_point inicio_ = std::chrono::steady_clock::now();
+    std::vector<Entrada> registro_;
+    long siguienteN_ = 1;
+    std::map<std::string, std::deque<std::string>> colas_;
+    std::vector<Fallo> fallos_;
+    Configuracion configuracion_;
+    enum class Apertura { Abierto, CerradoHasta, Cerrado } apertura_ = Apertura::Abierto;
+    std::chrono::system_clock::time_point cerradoHasta_;
+    std::string textoCerradoHasta_;
+    std::map<long, PedidoGuardado> pedidos_;
+    long siguientePedido_ = 1001;
+};
+
+} // namespace simulador
