@@ -112,10 +112,10 @@ json DocumentoPorDefecto(const DestinosImpresoras& destinos) {
     cocina1["epconexion"] = Destino(destinos, 1, "cocina1.bin");
     cocina1["separadorlineas"] = std::string(48, '=');
     cocina1["cocina"] = 1;
-    cocina1["categoriasids"] =
-        std::to_string(kCategoriaPizzas) + "," + std::to_string(kCategoriaHamburguesas);
-    cocina1["productosexcepids"] = "203"; // the four-cheese pizza is baked at the bar's oven
-    cocina1["productosids"] = "102";      // the potatoes are fried here
+    cocina1["categoriasids"] = std::to_string(kCategoriaEntrantes) + "," +
+                               std::to_string(kCategoriaPizzas) + "," +
+                               std::to_string(kCategoriaHamburguesas);
+    cocina1["productosexcepids"] = "103"; // the salad is made at the bar
     cocina1["mostrarnombreimpresora"] = 1;
     cocina1["nombreimpresoragrande"] = 1;
     cocina1["productosycomentariosgrande"] = 1;
@@ -132,7 +132,7 @@ json DocumentoPorDefecto(const DestinosImpresoras& destinos) {
     cocina2["cocina"] = 1;
     cocina2["categoriasids"] =
         std::to_string(kCategoriaBebidas) + "," + std::to_string(kCategoriaPostres);
-    cocina2["productosids"] = "203";
+    cocina2["productosids"] = "103";
     cocina2["mostrarnombreimpresora"] = 1;
     cocina2["mostrarpreciosprodcocina"] = 1;
     cocina2["mostrarseparadorproductos"] = 1;

@@ -17,7 +17,8 @@ struct Plato {
 };
 
 // The menu of the default establishment. Categories match the kitchen printers of its
-// configuration: hot kitchen 12 and 13 (and starter 102), bar 14 and 15.
+// configuration: hot kitchen 11, 12 and 13 except the salad 103, which goes to the bar
+// with 14 and 15.
 const std::vector<Plato>& Carta() {
     static const std::vector<Plato> carta = {
         {101, kCategoriaEntrantes, "Croquetas caseras de jamón", 650, {"Ración", "Media ración"}},

@@ -1,0 +1,80 @@
+// Drives the stand-in service from a test: starts `simulador` on a free port, reads its
+// record, queues replies, sets faults, configuration and orders. Every call is bounded in
+// time. The simulator stops with this object (and by itself if the test process dies,
+// because it watches its standard input).
+#pragma once
+
+#include <QByteArray>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QList>
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+
+class SimuladorPrueba {
+public:
+    struct Entrada {
+        int n = 0;
+        QString esquema;  // "http" or "https"
+        QString ruta;     // path below /api/, "" for an https attempt
+        QString consulta; // raw query, not decoded
+        qint64 ms = 0;
+    };
+
+    struct RespuestaHttp {
+        bool respondida = false; // a status line arrived
+        int estado = 0;
+        QByteArray cuerpo;
+        QByteArray cruda; // everything the server sent
+    };
+
+    // extra: more command-line options, e.g. "--impresoras-ep=/tmp/x".
+    explicit SimuladorPrueba(const QStringList& extra = {}, int msArranque = 10000);
+    ~SimuladorPrueba();
+    SimuladorPrueba(const SimuladorPrueba&) = delete;
+    SimuladorPrueba& operator=(const SimuladorPrueba&) = delete;
+
+    bool enMarcha() const { return puerto_ > 0; }
+    int puerto() const { return puerto_; }
+    QString base() const; // "127.0.0.1:<port>/api/"
+    qint64 pid() const { return proceso_.processId(); }
+
+    QList<Entrada> registro();
+    void limpiarRegistro();
+    void encolar(const QString& ruta, const QStringList& cuerpos);
+    void vaciarRespuestas();
+    // tipo: rechazar, colgar, error, vacio, basura, status500, titulo502. veces < 0: until
+    // cleared. ruta empty: every path.
+    void fallo(const QString& tipo, double segundos = 0, int veces = -1, const QString& ruta = {});
+    void quitarFallos();
+    void configurar(qint64 id, const QString& password, int numconfig,
+                    const QJsonObject& documento);
+    void configurarTexto(qint64 id, const QString& password, int numconfig,
+                         const QByteArray& texto);
+    // Orders: clase domicilio, recoger, programado, efectivo or mezcla; productos 0 lets the
+    // seed choose. Each created order: numero, estado, minutos, motivo, formaEntrega, linea,
+    // respuestas.
+    QJsonArray generarPedidos(int cantidad, quint64 semilla, const QString& clase = "mezcla",
+                              int productos = 0);
+    QJsonArray pedidos();
+
+    // Waits, running the event loop, until the record holds a request for ruta with a
+    // number above desdeN. False after msMax.
+    bool esperarPeticion(const QString& ruta, int msMax, int desdeN = 0);
+
+    // A plain HTTP/1.1 request on a fresh connection ("Connection: close"), bounded.
+    RespuestaHttp peticion(const QByteArray& metodo, const QByteArray& objetivo,
+                           const QByteArray& cuerpo = {}, int msMax = 5000);
+    // Sends raw bytes and returns everything received until the server closes (or msMax).
+    QByteArray enviarCrudo(const QByteArray& bytes, int msMax = 5000, bool* cerrada = nullptr);
+
+private:
+    QJsonObject control(const QByteArray& metodo, const QByteArray& recurso,
+                        const QJsonObject& cuerpo = {});
+    QByteArray controlCrudo(const QByteArray& metodo, const QByteArray& recurso,
+                            const QByteArray& cuerpo);
+
+    QProcess proceso_;
+    int puerto_ = 0;
+};
