@@ -13,6 +13,7 @@ class QPushButton;
 class QTreeWidget;
 class QAction;
 class QMenu;
+class FormPedidoNuevo;
 
 // The main window: the anchor of the whole desk from start to end. It owns the five
 // timers that drive every repeating activity and shows who the desk is, whether the
@@ -32,6 +33,13 @@ public:
     void AplicarConfiguracion();
     void ComprobarPedidosNuevos();
 
+    // The new-order window, made on first use and kept to the end.
+    FormPedidoNuevo& formPedidoNuevo();
+    FormPedidoNuevo* formPedidoNuevoSiExiste() const { return formPedidoNuevo_; }
+    // The acceptance of an order without a window (automatic acceptance). While it is not
+    // set, every order goes on screen.
+    std::function<void()> AceptarPedido;
+
     // The closing question. `razon` 0 is the user's closing of the window, the only one
     // that asks; any other (code, end of session) closes without a question. True when the
     // desk may close.
@@ -49,7 +57,8 @@ public:
     Temporizador& TimerPedActualizado() { return *timerPedActualizado_; }
     Temporizador& TimerMusica() { return *timerMusica_; }
 
-    bool MusicaSonando = false;
+    // Whether the sound was started by hand from the Musica entry.
+    bool musicaSonando() const;
     QDateTime UltimaLecturaConfig; // the zero date until the first periodic reading
     bool MarcandoProducto = false;
 
@@ -63,6 +72,8 @@ private:
     void Activate();
     void tickConfig();
     void mostrarApertura(const QString& respuesta);
+    void caminoPedido(QString respuesta);
+    void instalarSonido();
     void conexionEnLinea();
     void conexionPerdida();
     void protegido(const std::function<void()>& manejador);
@@ -89,4 +100,5 @@ private:
     QTreeWidget* listaAgotados_ = nullptr;
     QMenu* menu_ = nullptr;
     QAction* accionMusica_ = nullptr;
+    FormPedidoNuevo* formPedidoNuevo_ = nullptr;
 };
