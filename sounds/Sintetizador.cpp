@@ -159,8 +159,12 @@ void sonar(Timbre timbre, const Nota& n, double parametro, std::vector<double>& 
     }
     Ruido ruido(n.semilla);
     std::array<Oscilador, 6> osc{};
-    for (auto& o : osc) {
-        o.fase = (ruido.siguiente() + 1.0) * 0.5; // free-running oscillators, fixed start
+    if (timbre == Timbre::Arco || timbre == Timbre::Supersierra || timbre == Timbre::Distorsion) {
+        // Detuned voices sound fuller from scattered (but fixed) phases; everything else
+        // starts at zero so a struck sound begins without a click.
+        for (auto& o : osc) {
+            o.fase = (ruido.siguiente() + 1.0) * 0.5;
+        }
     }
     Filtro fl, fl2;
 
@@ -168,7 +172,7 @@ void sonar(Timbre timbre, const Nota& n, double parametro, std::vector<double>& 
     std::vector<double> cuerda;
     double retardo = 0, perdida = 0;
     if (timbre == Timbre::Cuerda) {
-        retardo = Sr / f - 0.5;
+        retardo = std::max(2.0, Sr / f - 0.5);
         perdida = std::pow(0.001, 1.0 / (1.6 * f));
         cuerda.assign(cuenta, 0.0);
     }
@@ -385,7 +389,9 @@ void sonar(Timbre timbre, const Nota& n, double parametro, std::vector<double>& 
             break;
         }
         }
-        salida[inicio + i] += v * n.fuerza;
+        // Whatever still rings when the tail runs out fades instead of stopping dead.
+        const double cierre = std::min(1.0, static_cast<double>(cuenta - i) / (0.03 * Sr));
+        salida[inicio + i] += v * n.fuerza * cierre;
     }
 }
 

@@ -25,28 +25,28 @@ AlertaSonora::AlertaSonora(ModuloPrincipal& modulo, QObject* padre) : QObject(pa
 
 AlertaSonora::~AlertaSonora() = default;
 
-void AlertaSonora::setReproductores(std::unique_ptr<ReproductorAudio> mci,
-                                    std::unique_ptr<ReproductorAudio> wmp) {
-    mci_ = std::move(mci);
-    wmp_ = std::move(wmp);
+void AlertaSonora::setReproductores(std::unique_ptr<ReproductorAudio> comandos,
+                                    std::unique_ptr<ReproductorAudio> medios) {
+    comandos_ = std::move(comandos);
+    medios_ = std::move(medios);
 }
 
 QString AlertaSonora::rutaFallback() const {
     return m_.CarpetaAplicacion + QLatin1Char('/') + MelodiaPorDefecto;
 }
 
-ReproductorAudio& AlertaSonora::mci() const {
-    if (!mci_) {
+ReproductorAudio& AlertaSonora::comandos() const {
+    if (!comandos_) {
         throw ErrorEjecucion(ErrorEjecucion::VariableDeObjetoNoEstablecida);
     }
-    return *mci_;
+    return *comandos_;
 }
 
-ReproductorAudio& AlertaSonora::wmp() const {
-    if (!wmp_) {
+ReproductorAudio& AlertaSonora::medios() const {
+    if (!medios_) {
         throw ErrorEjecucion(ErrorEjecucion::VariableDeObjetoNoEstablecida);
     }
-    return *wmp_;
+    return *medios_;
 }
 
 void AlertaSonora::informar(const QString& texto) {
@@ -81,9 +81,9 @@ void AlertaSonora::ReproducirSonido() {
                 m_.TipoReproAudio == 0 ? rutas::RutaCorta(rutaFallback()) : rutaFallback();
         }
         if (m_.TipoReproAudio == 1) {
-            wmp().reproducir(rutaMelodia_);
+            medios().reproducir(rutaMelodia_);
         } else {
-            mci().reproducir(rutaMelodia_);
+            comandos().reproducir(rutaMelodia_);
         }
         Q_EMIT textoMusica(TextoParar);
     } catch (const ErrorEjecucion& e) {
@@ -100,9 +100,9 @@ void AlertaSonora::DetenerSonido() {
     try {
         informar(QString());
         if (m_.TipoReproAudio == 1) {
-            wmp().detener(rutaMelodia_);
+            medios().detener(rutaMelodia_);
         } else {
-            mci().detener(rutaMelodia_);
+            comandos().detener(rutaMelodia_);
         }
         Q_EMIT textoMusica(TextoReproducir);
     } catch (const std::exception&) {
@@ -125,7 +125,7 @@ void AlertaSonora::tickMusica() {
     } else if (m_.TipoReproAudio == 1) {
         QString estado;
         try {
-            estado = wmp().estado();
+            estado = medios().estado();
         } catch (const ErrorEjecucion& e) {
             informar(e.descripcion());
             return;
@@ -149,7 +149,7 @@ void AlertaSonora::alternarMusica() {
 }
 
 void AlertaSonora::setVolumenReproductor(int volumen) {
-    wmp().setVolumen(volumen);
+    medios().setVolumen(volumen);
 }
 
 bool AlertaSonora::musicaOfrecida() const {

@@ -37,8 +37,8 @@ public:
     ~AlertaSonora() override;
 
     // The player of mode 0 (and of any mode other than 1) and the media player of mode 1.
-    void setReproductores(std::unique_ptr<ReproductorAudio> mci,
-                          std::unique_ptr<ReproductorAudio> wmp);
+    void setReproductores(std::unique_ptr<ReproductorAudio> comandos,
+                          std::unique_ptr<ReproductorAudio> medios);
     void setSilenciadores(Silenciadores s) { silenciadores_ = std::move(s); }
 
     // Chooses RutaMelodia from the settings; a missing or unknown melody falls back to
@@ -71,13 +71,13 @@ Q_SIGNALS:
 
 private:
     QString rutaFallback() const;
-    ReproductorAudio& mci() const;
-    ReproductorAudio& wmp() const;
+    ReproductorAudio& comandos() const;
+    ReproductorAudio& medios() const;
     void informar(const QString& texto);
 
     ModuloPrincipal& m_;
-    std::unique_ptr<ReproductorAudio> mci_;
-    std::unique_ptr<ReproductorAudio> wmp_;
+    std::unique_ptr<ReproductorAudio> comandos_;
+    std::unique_ptr<ReproductorAudio> medios_;
     Silenciadores silenciadores_;
     QString rutaMelodia_;
     bool musicaSonando_ = false;

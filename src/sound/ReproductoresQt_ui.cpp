@@ -36,6 +36,10 @@ void ReproductorComandos::reproducir(const QString& ruta) {
     }
     auto encontrado = dispositivos_.find(ruta);
     if (encontrado == dispositivos_.end()) {
+        // A finished device closes, so only what still sounds keeps a player.
+        std::erase_if(dispositivos_, [](const auto& d) {
+            return d.second.jugador->playbackState() != QMediaPlayer::PlayingState;
+        });
         Dispositivo d;
         d.salida = std::make_unique<QAudioOutput>();
         d.jugador = std::make_unique<QMediaPlayer>();

@@ -10,9 +10,9 @@ class AlertaSonora;
 class QAudioOutput;
 class QMediaPlayer;
 
-// Mode 0: fire and forget. Every file gets its own player, the way a command that names
-// a file opens a device for it; a start of a file that is already sounding lets it go on,
-// one that has finished starts it again; a stop stops only the file it names. A file that
+// Mode 0: fire and forget. Every file gets its own player while it sounds, the way a
+// command that names a file opens a device for it; a start of a file that is already sounding lets
+// it go on, one that has finished starts it again; a stop stops only the file it names. A file that
 // cannot be played is ignored, as such a command's result is. The volume is not used.
 class ReproductorComandos final : public ReproductorAudio {
 public:

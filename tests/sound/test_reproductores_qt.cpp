@@ -63,6 +63,17 @@ TEST(ReproductorComandos, CadaArchivoSuenaYSeParaPorSuNombre) {
     EXPECT_EQ(r.estado(), Reproduciendo);
     r.detener(corneta);
     EXPECT_EQ(r.estado(), Detenido);
+
+    // Two files at once are two devices: stopping one leaves the other, and a file that
+    // was stopped before starts again.
+    const QString bolero = enBin("bolero.wav");
+    r.reproducir(bolero);
+    r.reproducir(corneta);
+    ASSERT_TRUE(esperarEstado(r, Reproduciendo, 5000));
+    r.detener(bolero);
+    EXPECT_EQ(r.estado(), Reproduciendo);
+    r.detener(corneta);
+    EXPECT_EQ(r.estado(), Detenido);
 }
 
 TEST(AlertaSonoraReal, LaRepeticionSeFiaDelEstadoDelReproductorReal) {
