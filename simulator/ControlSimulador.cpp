@@ -140,11 +140,15 @@ Respuesta AtenderControl(ServicioSimulado& servicio, const Peticion& peticion) {
         if (recurso == "registro" && metodo == "GET") {
             json lista = json::array();
             for (const auto& e : servicio.Registro()) {
-                lista.push_back({{"n", e.N},
-                                 {"esquema", e.Esquema},
-                                 {"ruta", e.Ruta},
-                                 {"consulta", e.Consulta},
-                                 {"ms", e.Ms}});
+                json entrada = {{"n", e.N},
+                                {"esquema", e.Esquema},
+                                {"ruta", e.Ruta},
+                                {"consulta", e.Consulta},
+                                {"ms", e.Ms}};
+                if (e.Reenvio) {
+                    entrada["reenvio"] = true;
+                }
+                lista.push_back(entrada);
             }
             return Json(lista);
         }

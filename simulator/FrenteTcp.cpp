@@ -66,6 +66,7 @@ struct Cabeceras {
     std::string Version;
     std::size_t Longitud = 0;
     bool Cerrar = false;
+    bool Continuar = false; // "Expect: 100-continue"
 };
 
 bool LeerCabeceras(const std::string& texto, Cabeceras& c) {
@@ -81,6 +82,11 @@ bool LeerCabeceras(const std::string& texto, Cabeceras& c) {
     c.Version = linea.substr(e2 + 1);
     if (c.Objetivo.empty() || !c.Version.starts_with("HTTP/1.")) {
         return false;
+    }
+    // Absolute form, as sent to a proxy: keep from the path on.
+    if (c.Objetivo.starts_with("http://")) {
+        const auto barra = c.Objetivo.find('/', 7);
+        c.Objetivo = barra == std::string::npos ? "/" : c.Objetivo.substr(barra);
     }
     c.Cerrar = c.Version == "HTTP/1.0";
     std::size_t pos = finLinea + 2;
@@ -103,6 +109,8 @@ bool LeerCabeceras(const std::string& texto, Cabeceras& c) {
             } catch (const std::exception&) {
                 return false;
             }
+        } else if (nombre == "expect") {
+            c.Continuar = valor == "100-continue";
         } else if (nombre == "connection") {
             if (valor == "close") {
                 c.Cerrar = true;
@@ -154,7 +162,9 @@ void FrenteTcp::Parar() {
             return;
         }
         for (auto& c : conexiones_) {
-            ::shutdown(c.Fd, SHUT_RDWR);
+            if (c.Fd >= 0) {
+                ::shutdown(c.Fd, SHUT_RDWR);
+            }
         }
     }
     aviso_.notify_all();
@@ -170,9 +180,9 @@ void FrenteTcp::Parar() {
 
 void FrenteTcp::Aceptar() {
     while (!parar_) {
+        RecogerTerminadas(false);
         pollfd p{escucha_, POLLIN, 0};
         if (::poll(&p, 1, kRodaja) <= 0) {
-            RecogerTerminadas(false);
             continue;
         }
         const int fd = ::accept4(escucha_, nullptr, nullptr, SOCK_CLOEXEC);
@@ -205,11 +215,8 @@ void FrenteTcp::RecogerTerminadas(bool todas) {
             }
         }
     }
-    // The descriptor is closed only here, after its thread is gone, so that Parar never
-    // shuts down a number that has been reused meanwhile.
     for (auto& c : listas) {
         c.Hilo.join();
-        ::close(c.Fd);
     }
 }
 
@@ -270,17 +277,32 @@ void FrenteTcp::Retener(double segundos) {
 }
 
 void FrenteTcp::Atender(int fd) {
-    AtenderPeticiones(fd);
-    // The client sees the end at once, even though the descriptor is closed later.
-    ::shutdown(fd, SHUT_RDWR);
+    const bool abortar = AtenderPeticiones(fd);
+    std::lock_guard bloqueo(mutex_);
+    if (abortar) {
+        // A reset, not an orderly end: HTTP clients resend a request silently when the
+        // server merely closes an idle-looking connection, and the fault would never show.
+        const linger corte{1, 0};
+        ::setsockopt(fd, SOL_SOCKET, SO_LINGER, &corte, sizeof corte);
+    } else {
+        ::shutdown(fd, SHUT_RDWR);
+    }
+    // Closed under the lock, and forgotten, so that Parar never shuts down a descriptor
+    // number that has been reused meanwhile.
+    for (auto& c : conexiones_) {
+        if (c.Fd == fd) {
+            c.Fd = -1;
+        }
+    }
+    ::close(fd);
 }
 
-void FrenteTcp::AtenderPeticiones(int fd) {
+bool FrenteTcp::AtenderPeticiones(int fd) {
     std::string bufer;
     bool primera = true;
     while (!parar_) {
         if (bufer.empty() && !LeerMas(fd, bufer, primera ? kEsperaPeticion : kEsperaInactiva)) {
-            return;
+            return false;
         }
         if (primera && static_cast<unsigned char>(bufer[0]) == kInicioTls) {
             Peticion intento;
@@ -289,14 +311,15 @@ void FrenteTcp::AtenderPeticiones(int fd) {
             if (r.Que == Respuesta::Accion::Colgar) {
                 Retener(r.Segundos);
             }
-            return;
+            // Without a fault the attempt just ends, as a failed handshake does.
+            return r.Que == Respuesta::Accion::Colgar || r.Falla;
         }
         primera = false;
 
         std::size_t finCabecera;
         while ((finCabecera = bufer.find("\r\n\r\n")) == std::string::npos) {
             if (bufer.size() > kCabeceraMax || !LeerMas(fd, bufer, kEsperaPeticion)) {
-                return;
+                return false;
             }
         }
         Cabeceras c;
@@ -305,12 +328,16 @@ void FrenteTcp::AtenderPeticiones(int fd) {
             mala.Estado = 400;
             mala.Cuerpo = "peticion mal formada";
             Escribir(fd, Cabecera(mala, true) + mala.Cuerpo);
-            return;
+            return false;
         }
         bufer.erase(0, finCabecera + 4);
+        if (c.Continuar && bufer.size() < c.Longitud &&
+            !Escribir(fd, "HTTP/1.1 100 Continue\r\n\r\n")) {
+            return false;
+        }
         while (bufer.size() < c.Longitud) {
             if (!LeerMas(fd, bufer, kEsperaPeticion)) {
-                return;
+                return false;
             }
         }
         Peticion peticion;
@@ -323,16 +350,17 @@ void FrenteTcp::AtenderPeticiones(int fd) {
                            ? AtenderControl(servicio_, peticion)
                            : servicio_.Atender(peticion);
         if (r.Que == Respuesta::Accion::Cerrar) {
-            return;
+            return true;
         }
         if (r.Que == Respuesta::Accion::Colgar) {
             Retener(r.Segundos);
-            return;
+            return true;
         }
         if (!Escribir(fd, Cabecera(r, c.Cerrar) + r.Cuerpo) || c.Cerrar) {
-            return;
+            return false;
         }
     }
+    return false;
 }
 
 } // namespace simulador

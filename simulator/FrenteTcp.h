@@ -38,7 +38,8 @@ private:
 
     void Aceptar();
     void Atender(int fd);
-    void AtenderPeticiones(int fd);
+    // True when the connection must end in a reset (a fault), false for an orderly end.
+    bool AtenderPeticiones(int fd);
     void RecogerTerminadas(bool todas);
     bool EsperarLectura(int fd, int msMax) const;
     bool LeerMas(int fd, std::string& bufer, int msMax) const;

@@ -21,6 +21,7 @@ struct Respuesta {
     std::string Tipo = "text/plain; charset=utf-8";
     std::string Cuerpo;
     double Segundos = 0; // Colgar: how long to hold the connection silent
+    bool Falla = false;  // the answer comes from a fault
 };
 
 // Splits a target into path and raw query (what follows the first '?', untouched).

@@ -93,11 +93,32 @@ Respuesta ServicioSimulado::Atender(const Peticion& peticion) {
         }
     }
     std::lock_guard bloqueo(mutex_);
-    registro_.push_back(
-        {siguienteN_++, peticion.Https ? "https" : "http", ruta, consulta, MsDesdeInicio()});
+    const auto ahora = std::chrono::steady_clock::now();
+    // HTTP clients resend a GET once, on a new connection, when the connection ends without
+    // a byte of answer. That resend is the same request: it meets the same fault without
+    // using up another of its times, so that "veces" counts what the client asked for.
+    const bool reenvio = !peticion.Https && ultimoCorte_ &&
+                         ultimoCorte_->Objetivo == peticion.Objetivo &&
+                         ahora <= ultimoCorte_->Hasta;
+    registro_.push_back({siguienteN_++, peticion.Https ? "https" : "http", ruta, consulta,
+                         MsDesdeInicio(), reenvio});
+    if (reenvio) {
+        // A hang is not held a second time: the client waited the whole time once.
+        Fallo repetido = ultimoCorte_->Aplicado;
+        repetido.Tipo = "rechazar";
+        ultimoCorte_.reset();
+        return RespuestaDeFallo(repetido);
+    }
 
     Fallo fallo;
     if (BuscarFallo(peticion.Https, ruta, fallo)) {
+        if (!peticion.Https && (fallo.Tipo == "rechazar" || fallo.Tipo == "colgar")) {
+            const auto margen = std::chrono::duration<double>(fallo.Segundos + 2.0);
+            ultimoCorte_ = Corte{
+                peticion.Objetivo,
+                ahora + std::chrono::duration_cast<std::chrono::steady_clock::duration>(margen),
+                fallo};
+        }
         return RespuestaDeFallo(fallo);
     }
     if (peticion.Https) {
@@ -136,6 +157,7 @@ bool ServicioSimulado::BuscarFallo(bool https, const std::string& ruta, Fallo& f
 
 Respuesta ServicioSimulado::RespuestaDeFallo(const Fallo& fallo) const {
     Respuesta r;
+    r.Falla = true;
     if (fallo.Tipo == "rechazar") {
         r.Que = Respuesta::Accion::Cerrar;
     } else if (fallo.Tipo == "colgar") {
@@ -364,6 +386,7 @@ void ServicioSimulado::AnadirFallo(const Fallo& fallo) {
 void ServicioSimulado::QuitarFallos() {
     std::lock_guard bloqueo(mutex_);
     fallos_.clear();
+    ultimoCorte_.reset();
 }
 
 void ServicioSimulado::Configurar(const Configuracion& configuracion) {

@@ -23,7 +23,8 @@ public:
         std::string Esquema; // "http" or "https"
         std::string Ruta;    // path below /api/, "" for an https attempt
         std::string Consulta;
-        long long Ms = 0; // since the service started
+        long long Ms = 0;     // since the service started
+        bool Reenvio = false; // the client's own resend of a request a fault cut off
     };
 
     struct Fallo {
@@ -92,6 +93,13 @@ private:
     long siguienteN_ = 1;
     std::map<std::string, std::deque<std::string>> colas_;
     std::vector<Fallo> fallos_;
+    // The last request cut off by a connection fault, to know the client's resend of it.
+    struct Corte {
+        std::string Objetivo;
+        std::chrono::steady_clock::time_point Hasta;
+        Fallo Aplicado;
+    };
+    std::optional<Corte> ultimoCorte_;
     Configuracion configuracion_;
     enum class Apertura { Abierto, CerradoHasta, Cerrado } apertura_ = Apertura::Abierto;
     std::chrono::system_clock::time_point cerradoHasta_;

@@ -20,6 +20,7 @@ public:
         QString ruta;     // path below /api/, "" for an https attempt
         QString consulta; // raw query, not decoded
         qint64 ms = 0;
+        bool reenvio = false; // the client resent a request that a rechazar/colgar cut off
     };
 
     struct RespuestaHttp {

@@ -5,13 +5,18 @@
 
 #include <QElapsedTimer>
 #include <QJsonDocument>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
 #include <QRegularExpression>
+#include <QSignalSpy>
 #include <QSslSocket>
 #include <QStringDecoder>
 #include <QTcpServer>
 #include <QTest>
 #include <QTime>
+#include <atomic>
 #include <gtest/gtest.h>
+#include <thread>
 
 namespace {
 
@@ -153,27 +158,79 @@ TEST(Simulador, FallosDeCuerpoTalComoLosVeUnClienteSencillo) {
 TEST(Simulador, FallosDeConexionRechazarYColgar) {
     SimuladorPrueba sim;
     ASSERT_TRUE(sim.enMarcha());
-    const QByteArray peticion =
-        "GET /api/pedidosgprs/pedidosnuevos?x=1 HTTP/1.1\r\nHost: h\r\n\r\n";
+    const auto peticion = [](const char* consulta) {
+        return QByteArray("GET /api/pedidosgprs/pedidosnuevos?") + consulta +
+               " HTTP/1.1\r\nHost: h\r\n\r\n";
+    };
 
     sim.fallo("rechazar", 0, 1);
     QElapsedTimer reloj;
     reloj.start();
     bool cerrada = false;
-    EXPECT_TRUE(sim.enviarCrudo(peticion, 4000, &cerrada).isEmpty());
+    EXPECT_TRUE(sim.enviarCrudo(peticion("x=1"), 4000, &cerrada).isEmpty());
     EXPECT_TRUE(cerrada);
     EXPECT_LT(reloj.elapsed(), 2000);
+    // The same request again at once is a client's resend: cut off too, without using up
+    // another time. The next one is answered.
+    EXPECT_TRUE(sim.enviarCrudo(peticion("x=1"), 4000, &cerrada).isEmpty());
+    EXPECT_TRUE(cerrada);
+    EXPECT_FALSE(sim.enviarCrudo(peticion("x=1"), 4000).isEmpty());
 
     sim.fallo("colgar", 1.0, 1);
     reloj.restart();
-    EXPECT_TRUE(sim.enviarCrudo(peticion, 4000, &cerrada).isEmpty());
+    EXPECT_TRUE(sim.enviarCrudo(peticion("x=2"), 4000, &cerrada).isEmpty());
     EXPECT_TRUE(cerrada);
     EXPECT_GE(reloj.elapsed(), 900);
     EXPECT_LT(reloj.elapsed(), 3500);
+    // Its resend is cut at once: the client waited its time already.
+    reloj.restart();
+    EXPECT_TRUE(sim.enviarCrudo(peticion("x=2"), 4000, &cerrada).isEmpty());
+    EXPECT_LT(reloj.elapsed(), 800);
 
     EXPECT_EQ(Poll(sim), "estadoapertura:Abierto");
     // Requests that met a fault are in the record like any other.
-    EXPECT_EQ(sim.registro().size(), 3);
+    const auto registro = sim.registro();
+    ASSERT_EQ(registro.size(), 6);
+    EXPECT_FALSE(registro[0].reenvio);
+    EXPECT_TRUE(registro[1].reenvio);
+    EXPECT_FALSE(registro[2].reenvio);
+    EXPECT_FALSE(registro[3].reenvio);
+    EXPECT_TRUE(registro[4].reenvio);
+    EXPECT_EQ(registro[4].consulta, "x=2");
+}
+
+TEST(Simulador, FallosDeConexionLleganAUnClienteQt) {
+    // Qt's network access resends a GET once when the connection ends without an answer;
+    // the desk must still see one failure per fault time.
+    SimuladorPrueba sim;
+    ASSERT_TRUE(sim.enMarcha());
+    QNetworkAccessManager red;
+    const auto pedir = [&](const QString& consulta, QNetworkReply::NetworkError* error) {
+        QNetworkReply* r = red.get(QNetworkRequest(
+            QUrl("http://" + sim.base() + "pedidosgprs/pedidosnuevos?" + consulta)));
+        QSignalSpy fin(r, &QNetworkReply::finished);
+        EXPECT_TRUE(fin.wait(8000));
+        *error = r->error();
+        const QByteArray cuerpo = r->readAll();
+        r->deleteLater();
+        return cuerpo;
+    };
+    QNetworkReply::NetworkError error = QNetworkReply::NoError;
+    EXPECT_EQ(pedir("n=1", &error), "estadoapertura:Abierto"); // a kept-alive connection
+    sim.fallo("rechazar", 0, 1);
+    pedir("n=2", &error);
+    EXPECT_NE(error, QNetworkReply::NoError);
+    EXPECT_EQ(pedir("n=3", &error), "estadoapertura:Abierto");
+    EXPECT_EQ(error, QNetworkReply::NoError);
+
+    sim.fallo("colgar", 1.0, 1);
+    QElapsedTimer reloj;
+    reloj.start();
+    pedir("n=4", &error);
+    EXPECT_NE(error, QNetworkReply::NoError);
+    EXPECT_GE(reloj.elapsed(), 900);
+    EXPECT_LT(reloj.elapsed(), 1900);
+    EXPECT_EQ(pedir("n=5", &error), "estadoapertura:Abierto");
 }
 
 TEST(Simulador, FallosPorRutaHastaQuitarlos) {
@@ -617,4 +674,40 @@ TEST(Simulador, PedidosPeriodicosParaLaDemo) {
     // Demo orders carry the present day.
     EXPECT_TRUE(linea.contains(QDate::currentDate().toString("dd/MM/yyyy").toUtf8()));
     EXPECT_GE(sim.pedidos().size(), 1);
+}
+
+TEST(Simulador, MuchosClientesALaVez) {
+    SimuladorPrueba sim;
+    ASSERT_TRUE(sim.enMarcha());
+    sim.generarPedidos(20, 9, "mezcla");
+    constexpr int kHilos = 8;
+    constexpr int kPorHilo = 25;
+    std::atomic<int> respondidas{0};
+    std::atomic<int> pedidos{0};
+    std::vector<std::thread> hilos;
+    for (int h = 0; h < kHilos; ++h) {
+        hilos.emplace_back([&, h] {
+            for (int i = 0; i < kPorHilo; ++i) {
+                const auto r = sim.peticion(
+                    "GET", "/api/pedidosgprs/pedidosnuevos?h=" + QByteArray::number(h) +
+                               "&i=" + QByteArray::number(i));
+                respondidas += r.estado == 200 ? 1 : 0;
+                pedidos += r.cuerpo.startsWith('#') ? 1 : 0;
+            }
+        });
+    }
+    for (auto& hilo : hilos) {
+        hilo.join();
+    }
+    EXPECT_EQ(respondidas, kHilos * kPorHilo);
+    EXPECT_EQ(pedidos, 20); // each queued order went out exactly once
+
+    const auto registro = sim.registro();
+    ASSERT_EQ(registro.size(), kHilos * kPorHilo);
+    QSet<QString> consultas;
+    for (int i = 0; i < registro.size(); ++i) {
+        EXPECT_EQ(registro[i].n, registro[0].n + i);
+        consultas.insert(registro[i].consulta);
+    }
+    EXPECT_EQ(consultas.size(), kHilos * kPorHilo);
 }
