@@ -57,6 +57,12 @@ if [ -z "${DISPLAY:-}" ] && [ "${QT_QPA_PLATFORM:-}" != "offscreen" ]; then
     echo "demo: sin pantalla; el escritorio corre en Xvfb $DISPLAY"
 fi
 
+# The desk starts bound to the demo establishment (id 7, password "clave", configuration
+# 1), so it reads its configuration and polls by itself. An existing config.txt stays.
+if [ ! -s "$trabajo/datos/config.txt" ]; then
+    "$bin/preparar_config" --carpeta="$trabajo/datos" --id=7 --password=clave --numconfig=1
+fi
+
 "$bin/TarvimentaPedidos" --servidor="127.0.0.1:$puerto/api/" --carpeta="$trabajo/datos" "$@" &
 pids+=("$!")
 echo "demo: escritorio en marcha (datos en $trabajo/datos, tickets en $trabajo/impresoras); Ctrl-C para parar"

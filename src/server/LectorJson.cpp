@@ -212,8 +212,14 @@ ValorJson LectorJson::leerColeccion(int profundidad) {
             errores_ += QStringLiteral("Missing ']': ") + s_.right(20).toString() + kFinLinea;
             break;
         }
+        const qsizetype antes = pos_;
         try {
             col->Add(leerValor(profundidad));
+            // A constant that cannot be read takes no character; reading it again would
+            // never end, so the array ends here.
+            if (pos_ == antes) {
+                break;
+            }
         } catch (const ErrorEjecucion& e) {
             if (e.numero() == ErrorEjecucion::EspacioDePilaInsuficiente) {
                 throw;

@@ -11,6 +11,10 @@
 #include "platform/Reloj.h"
 #include "platform/Temporizador.h"
 #include "platform/Volcado_ui.h"
+#include "server/Configuracion.h"
+#include "settings/FormAdmin.h"
+#include "shell/AccesosSesion.h"
+#include "shell/ArchivosLocales.h"
 #include "shell/Logotipo_ui.h"
 #include "shell/ModuloPrincipal.h"
 #include "sound/AlertaSonora.h"
@@ -94,6 +98,7 @@ Form1::Form1(ModuloPrincipal& m, QStringList palabras, QWidget* padre)
     connect(&m_, &ModuloPrincipal::conexionEnLinea, this, &Form1::conexionEnLinea);
     connect(&m_, &ModuloPrincipal::conexionPerdida, this, &Form1::conexionPerdida);
     connect(&m_, &ModuloPrincipal::textoInfo, labelInfo_, &QLabel::setText);
+    connect(&m_, &ModuloPrincipal::modoCambiado, this, &Form1::mostrarModo);
 
     connect(timerPrimeraConfig_, &Temporizador::tick, this,
             [this] { protegido([this] { RefrescarConfiguracion(); }); });
@@ -257,7 +262,8 @@ void Form1::construirMenu() {
     QAction* actualizar = entrada("Actualizar", QStringLiteral("Actualizar Configuración"));
     accionMusica_ = entrada("Musica", QStringLiteral("Reproducir Música"));
     entrada("Actualizaciones", QStringLiteral("Comprobar Actualizaciones"));
-    entrada("Admin", QStringLiteral("Admin"));
+    QAction* admin = entrada("Admin", QStringLiteral("Admin"));
+    connect(admin, &QAction::triggered, this, [this] { protegido([this] { AbrirAdmin(); }); });
 
     connect(actualizar, &QAction::triggered, this, [this] {
         protegido([this] {
@@ -286,6 +292,8 @@ void Form1::volcar() {
 
 bool Form1::Initialize() {
     m_.UrlBase = m_.UrlBaseHttps;
+    // A config.txt that cannot be read or created is reported; the desk goes on unknown.
+    EjecutarProtegido(m_.cajas(), [this] { LeerConfigTxt(m_); });
     m_.ModoActualizador = false;
     if (m_.NombreEjecutable == QLatin1String("TVU")) {
         m_.ModoActualizador = true;
@@ -335,14 +343,28 @@ void Form1::IniciarPrograma() {
         timerPrimeraConfig_->setEnabled(true);
         RefrescarConfiguracion();
     }
-    m_.sonido().PrepararMelodiaYVolumen();
+    PrepararSonido();
+    const QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
+    accesos::PrepararRutas(m_, entorno);
+    // Unless the user has refused it, the start-up entry comes back on every start.
+    if (m_.AccesosCreados != 1) {
+        AgregarInicioWindows(m_, entorno);
+    }
     m_.InicioHecho = true;
 }
 
 bool Form1::RefrescarConfiguracion() {
-    // The establishment's configuration reader arrives with its own module; until a
-    // reading succeeds the desk keeps waiting for the first configuration.
-    return false;
+    bool parametro = false;
+    if (!ObtenerConfiguracion(m_, parametro)) {
+        return false;
+    }
+    AplicarConfiguracion();
+    timerPrimeraConfig_->setEnabled(false);
+    if (m_.ComprobarActualizar && !m_.NoActualizar && !m_.ActualizacionComprobada) {
+        m_.ActualizacionComprobada = true;
+        ComprobarActualizacionAutomatica();
+    }
+    return true;
 }
 
 void Form1::AplicarConfiguracion() {
@@ -359,11 +381,56 @@ void Form1::AplicarConfiguracion() {
     }
     timerMusica_->setInterval(5000);
     timerMusica_->setEnabled(true);
+    RellenarMotivosRechazo();
     accionMusica_->setVisible(!m_.CancelarSonido);
+    PrepararSonido();
+    AplicarTamannosFuente();
+    AplicarAVentanasDePedido();
+    CargarCarta();
+}
+
+void Form1::AplicarTamannosFuente() {
+    QFont f = listaAgotados_->font();
+    f.setPointSize(qMax<int>(1, m_.TamannoFuenteListasCheck));
+    listaAgotados_->setFont(f);
+    ::AplicarTamannosFuente(m_, &formPedidoNuevo());
+    // The other check lists take their sizes when their windows exist.
+}
+
+void Form1::PrepararSonido() {
     m_.sonido().PrepararMelodiaYVolumen();
-    AplicarTamannosFuente(m_, &formPedidoNuevo());
+}
+
+void Form1::AplicarAVentanasDePedido() {
     formPedidoNuevo().setWindowTitle(FormPedidoNuevo::Titulo + QLatin1Char(' ') +
                                      m_.NombreEstablecimiento);
+}
+
+// Where later windows and modules plug in; nothing of theirs exists yet.
+void Form1::RellenarMotivosRechazo() {}
+void Form1::CargarCarta() {}
+void Form1::ComprobarActualizacionAutomatica() {}
+
+void Form1::mostrarModo(qint16 modo) {
+    const bool impresion = modo == 1 || modo == 2;
+    textModo_->setVisible(impresion);
+    textEstadoApertura_->setVisible(!impresion);
+    butCerrar_->setEnabled(false);
+    butCancelarCerrar_->setEnabled(!impresion);
+    if (impresion) {
+        textModo_->setText(modo == 1 ? QStringLiteral("Modo impresión")
+                                     : QStringLiteral("Modo impresión y mensajes"));
+    }
+}
+
+FormAdmin& Form1::AbrirAdmin() {
+    if (formAdmin_ == nullptr) {
+        formAdmin_ = new FormAdmin(
+            m_, [this] { AplicarConfiguracion(); }, this);
+    }
+    formAdmin_->show();
+    formAdmin_->raise();
+    return *formAdmin_;
 }
 
 void Form1::tickConfig() {
@@ -400,8 +467,9 @@ void Form1::ComprobarPedidosNuevos() {
 
 void Form1::caminoPedido(QString respuesta) {
     if (m_.ActualizarConfigConPedido) {
-        // The configuration reader, variables only (ObtenerConfiguracion with true), is
-        // called here once it is part of the desk.
+        // Only the variables change: nothing is applied to the windows here.
+        bool parametro = true;
+        ObtenerConfiguracion(m_, parametro);
     }
     ParsearPedido(m_, respuesta);
     m_.UltimoIdPedido = m_.PedidoActual.NumPedido;

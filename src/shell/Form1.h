@@ -14,6 +14,7 @@ class QTreeWidget;
 class QAction;
 class QMenu;
 class FormPedidoNuevo;
+class FormAdmin;
 
 // The main window: the anchor of the whole desk from start to end. It owns the five
 // timers that drive every repeating activity and shows who the desk is, whether the
@@ -32,6 +33,8 @@ public:
     bool RefrescarConfiguracion();
     void AplicarConfiguracion();
     void ComprobarPedidosNuevos();
+    // The login window, made on first use and hidden rather than closed.
+    FormAdmin& AbrirAdmin();
 
     // The new-order window, made on first use and kept to the end.
     FormPedidoNuevo& formPedidoNuevo();
@@ -77,6 +80,13 @@ private:
     void conexionEnLinea();
     void conexionPerdida();
     void protegido(const std::function<void()>& manejador);
+    void mostrarModo(qint16 modo);
+    void AplicarTamannosFuente();
+    void PrepararSonido();
+    void RellenarMotivosRechazo();
+    void AplicarAVentanasDePedido();
+    void CargarCarta();
+    void ComprobarActualizacionAutomatica();
 
     ModuloPrincipal& m_;
     QStringList palabras_;
@@ -101,4 +111,5 @@ private:
     QMenu* menu_ = nullptr;
     QAction* accionMusica_ = nullptr;
     FormPedidoNuevo* formPedidoNuevo_ = nullptr;
+    FormAdmin* formAdmin_ = nullptr;
 };

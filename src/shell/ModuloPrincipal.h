@@ -70,6 +70,9 @@ public:
     QString RutaConfigTxt;
     QString RutaUltPedIm;
     QString UltPedIm;
+    // Start-up entries: the desktop entry and the session autostart entry.
+    QString RutaAccesoEscritorio;
+    QString RutaAccesoInicio;
 
     // After a first configuration reading.
     qint32 RestId = 0;
@@ -138,6 +141,11 @@ Q_SIGNALS:
     void conexionPerdida();
     // A one-line problem text for the main window's LabelInfo.
     void textoInfo(const QString& texto);
+    // A configuration reading brought the operating mode (0 normal, 1 print only, 2 print
+    // and messages; anything else behaves as 0): the main window switches its display.
+    void modoCambiado(qint16 modo);
+    // The configuration asks for the list of products out of stock to be read now.
+    void actualizarAgotados();
 
 private:
     std::unique_ptr<Reloj> reloj_;

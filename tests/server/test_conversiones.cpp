@@ -1,3 +1,4 @@
+#include "common/ImprimirQString.h"
 #include "platform/ErrorEjecucion.h"
 #include "server/Conversiones.h"
 

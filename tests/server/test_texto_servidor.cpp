@@ -1,3 +1,4 @@
+#include "common/ImprimirQString.h"
 #include "platform/ErrorEjecucion.h"
 #include "platform/Windows1252.h"
 #include "server/TextoServidor.h"
