@@ -92,6 +92,29 @@ BENCHMARK(BM_PedidoEnPantalla)
     ->Repetitions(25)
     ->ReportAggregatesOnly(true);
 
+// The two halves on their own, to see where the time goes.
+void BM_SoloParsear(benchmark::State& state) {
+    ModuloPrincipal m;
+    const QString respuesta = LineaTreintaProductos();
+    for (auto _ : state) {
+        QString r = respuesta;
+        benchmark::DoNotOptimize(ParsearPedido(m, r));
+    }
+}
+BENCHMARK(BM_SoloParsear)->Unit(benchmark::kMicrosecond);
+
+void BM_SoloRellenar(benchmark::State& state) {
+    ModuloPrincipal m;
+    m.TamannoFuentePrincipales = 8;
+    FormPedidoNuevo ventana(m);
+    QString r = LineaTreintaProductos();
+    ParsearPedido(m, r);
+    for (auto _ : state) {
+        RellenarVentanaPedido(m, &ventana);
+    }
+}
+BENCHMARK(BM_SoloRellenar)->Unit(benchmark::kMicrosecond);
+
 } // namespace
 
 int main(int argc, char** argv) {

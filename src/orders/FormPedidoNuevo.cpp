@@ -15,8 +15,10 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QStyledItemDelegate>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -53,6 +55,21 @@ const Par kPares[] = {
     {"LabCabTiempoEstMotivo", "LabTiempoEstMotivo", "Tiempo Est.:"},
 };
 
+// The list's grid lines, drawn under each cell: cheaper than a style sheet.
+class DelegadoRejilla : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    void paint(QPainter* pintor, const QStyleOptionViewItem& opcion,
+               const QModelIndex& indice) const override {
+        QStyledItemDelegate::paint(pintor, opcion, indice);
+        pintor->save();
+        pintor->setPen(QColor(200, 200, 200));
+        pintor->drawLine(opcion.rect.bottomLeft(), opcion.rect.bottomRight());
+        pintor->drawLine(opcion.rect.topRight(), opcion.rect.bottomRight());
+        pintor->restore();
+    }
+};
+
 template <typename T> T* con_nombre(T* w, const char* nombre) {
     w->setObjectName(QLatin1String(nombre));
     return w;
@@ -86,8 +103,7 @@ void FormPedidoNuevo::construir() {
     lista->setAllColumnsShowFocus(true);
     lista->setUniformRowHeights(true);
     lista->setMinimumHeight(220);
-    lista->setStyleSheet(QStringLiteral("QTreeWidget::item { border-right: 1px solid #c8c8c8; "
-                                        "border-bottom: 1px solid #c8c8c8; }"));
+    lista->setItemDelegate(new DelegadoRejilla(lista));
 
     auto* rejilla = new QGridLayout;
     rejilla->setHorizontalSpacing(12);
@@ -111,8 +127,12 @@ void FormPedidoNuevo::construir() {
             valor = t;
         } else {
             auto* l = new QLabel(this);
-            l->setWordWrap(nombre != "labPara");
             l->setTextInteractionFlags(Qt::TextSelectableByMouse);
+            // One line each: a long text is cut at the window's edge instead of widening it
+            // (and no height-for-width layout runs at every order).
+            if (nombre != "labPara") {
+                l->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+            }
             valor = l;
         }
         valor->setObjectName(QLatin1String(par.valor));

@@ -467,3 +467,28 @@ TEST_F(Escritorio, LosPedidosDelGeneradorLleganUnoTrasOtro) {
         m.PedidoNuevoPendiente = false;
     }
 }
+
+TEST_F(Escritorio, ConActualizarConfigConPedidoLaConfiguracionSeLeeAntesDelPedido) {
+    m.IdEstablecimiento = 7;
+    m.PasswordConfig = QStringLiteral("clave");
+    m.NumConfig = 1;
+    m.ActualizarConfigConPedido = true;
+    m.IntervaloEscaneoPedido = 0; // what the service sends back is seen below
+    sim.limpiarRegistro();
+    llega(kDomicilio);
+    QStringList rutas;
+    for (const auto& entrada : sim.registro()) {
+        if (!entrada.ruta.isEmpty()) {
+            rutas << entrada.ruta;
+        }
+    }
+    ASSERT_GE(rutas.size(), 2);
+    EXPECT_EQ(rutas[0], kPoll);
+    EXPECT_EQ(rutas[1], QStringLiteral("pedidosgprs/obtenerConfiguracionV2"));
+    EXPECT_GT(m.IntervaloEscaneoPedido, 0);
+    // Only the variables: the main window keeps what it was showing.
+    EXPECT_EQ(f->findChild<QLineEdit*>(QStringLiteral("TextEstablecimiento"))->text(),
+              QStringLiteral("Pizzería Sol"));
+    EXPECT_TRUE(ventana().isVisible());
+    EXPECT_EQ(texto("LabNPedido"), QStringLiteral("5001"));
+}
