@@ -7,6 +7,7 @@
 
 #include <QHeaderView>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTreeWidget>
@@ -70,6 +71,10 @@ void rellenarProductos(ModuloPrincipal& m, QWidget* ventana) {
                             QStringLiteral("Precio(€)")});
     lista->headerItem()->setTextAlignment(3, Qt::AlignRight | Qt::AlignVCenter);
     lista->header()->setMinimumSectionSize(0);
+    // A window that has never been shown has not laid out its controls yet.
+    if (!ventana->isVisible() && ventana->layout() != nullptr) {
+        ventana->layout()->activate();
+    }
     const int anchoLista = lista->width() * 1440 / std::max(1, lista->logicalDpiX());
     lista->setColumnWidth(0, 0);
     lista->setColumnWidth(1, twipsAPixeles(lista, 670));

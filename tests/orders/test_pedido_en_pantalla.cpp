@@ -158,6 +158,13 @@ TEST_F(Escritorio, UnPedidoADomicilioSaleEncimaConSonidoYSinMasSondeos) {
     EXPECT_EQ(lista->headerItem()->text(1), QStringLiteral("Uds."));
     EXPECT_EQ(lista->headerItem()->text(3), QStringLiteral("Precio(€)"));
     EXPECT_EQ(lista->columnWidth(0), 0);
+    // The product column takes the list's width less units, price and a margin, also on
+    // the very first order, before the window was ever laid out on screen.
+    EXPECT_NEAR(lista->columnWidth(2),
+                (lista->width() * 1440 / lista->logicalDpiX() - 670 - 900 - 80) *
+                    lista->logicalDpiX() / 1440,
+                2);
+    EXPECT_GT(lista->columnWidth(2), 300);
     EXPECT_EQ(texto("LabImporteEnvio"), QStringLiteral("2.00€"));
     EXPECT_EQ(texto("LabComisionPaypal"), QStringLiteral("0.35€"));
     EXPECT_TRUE(visible("LabCabComisionPaypal"));
