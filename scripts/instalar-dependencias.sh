@@ -14,7 +14,7 @@ PAQUETES=(
     clang libclang-rt-14-dev
     xvfb x11-apps imagemagick poppler-utils
     socat sox libsox-fmt-mp3 lame
-    python3 procps time
+    python3 procps time fonts-dejavu-core
 )
 
 faltan=()

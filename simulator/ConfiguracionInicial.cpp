@@ -87,6 +87,12 @@ std::string NombreEnConfiguracion(std::string nombre) {
 
 } // namespace
 
+json ImpresoraNueva(int numero) {
+    json impresora = ImpresoraBase();
+    impresora["numeroimpresora"] = numero;
+    return impresora;
+}
+
 json DocumentoPorDefecto(const DestinosImpresoras& destinos) {
     json caja = ImpresoraBase();
     caja["numeroimpresora"] = 1;

@@ -16,4 +16,7 @@ struct DestinosImpresoras {
 
 nlohmann::ordered_json DocumentoPorDefecto(const DestinosImpresoras& destinos);
 
+// A printer element with every key, as a new printer gets it.
+nlohmann::ordered_json ImpresoraNueva(int numero);
+
 } // namespace simulador

@@ -1,5 +1,6 @@
 #include "ControlSimulador.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 namespace simulador {
@@ -82,7 +83,8 @@ Respuesta AnadirFallo(ServicioSimulado& servicio, const json& cuerpo) {
     if (!ServicioSimulado::TipoDeFalloValido(fallo.Tipo)) {
         return Fallo(400, "tipo de fallo desconocido: " + fallo.Tipo);
     }
-    fallo.Segundos = cuerpo.value("segundos", 0.0);
+    // A day is plenty for any hang, and keeps clock arithmetic in range.
+    fallo.Segundos = std::clamp(cuerpo.value("segundos", 0.0), 0.0, 86400.0);
     fallo.Veces =
         cuerpo.contains("veces") && !cuerpo["veces"].is_null() ? cuerpo["veces"].get<int>() : -1;
     fallo.Ruta = cuerpo.contains("ruta") && cuerpo["ruta"].is_string()
@@ -172,6 +174,13 @@ Respuesta AtenderControl(ServicioSimulado& servicio, const Peticion& peticion) {
         }
         if (recurso == "configuracion" && metodo == "PUT") {
             return Configurar(servicio, cuerpo);
+        }
+        if (recurso == "configuracion" && metodo == "GET") {
+            const auto c = servicio.ConfiguracionActual();
+            return Json({{"idEstablecimiento", c.Id},
+                         {"passwordconfig", c.Password},
+                         {"numconfig", c.NumConfig},
+                         {"documentoTexto", c.Documento}});
         }
         if (recurso == "pedidos" && metodo == "POST") {
             return GenerarPedidos(servicio, cuerpo);

@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <arpa/inet.h>
+#include <cctype>
 #include <cerrno>
 #include <chrono>
+#include <cstdio>
 #include <netinet/in.h>
 #include <poll.h>
 #include <sys/socket.h>
@@ -277,7 +279,13 @@ void FrenteTcp::Retener(double segundos) {
 }
 
 void FrenteTcp::Atender(int fd) {
-    const bool abortar = AtenderPeticiones(fd);
+    bool abortar = true;
+    try {
+        abortar = AtenderPeticiones(fd);
+    } catch (const std::exception& e) {
+        // One bad request must not take the service down with it.
+        std::fprintf(stderr, "simulador: conexión abandonada: %s\n", e.what());
+    }
     std::lock_guard bloqueo(mutex_);
     if (abortar) {
         // A reset, not an orderly end: HTTP clients resend a request silently when the

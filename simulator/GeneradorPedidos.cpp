@@ -104,7 +104,7 @@ constexpr std::array kHoras = {"13:30", "14:00", "14:45", "20:30", "21:15", "22:
 class Azar {
 public:
     explicit Azar(std::uint64_t semilla) : motor_(semilla) {}
-    // mt19937_64 is fully specified, so the same seed gives the same order everywhere.
+    // mt19937_64 is defined bit for bit by the C++ standard: same seed, same order anywhere.
     std::size_t Menor(std::size_t n) { return n == 0 ? 0 : static_cast<std::size_t>(motor_() % n); }
     bool Uno(std::size_t de) { return Menor(de) == 0; }
 

@@ -30,6 +30,8 @@ int ValorHex(char c) {
     return -1;
 }
 
+} // namespace
+
 std::string Decodificar(std::string_view valor) {
     std::string bytes;
     for (std::size_t i = 0; i < valor.size(); ++i) {
@@ -47,7 +49,26 @@ std::string Decodificar(std::string_view valor) {
     return EsUtf8(bytes) ? bytes : Windows1252AUtf8(bytes);
 }
 
-} // namespace
+std::vector<std::pair<std::string, std::string>> Parametros(std::string_view consulta) {
+    std::vector<std::pair<std::string, std::string>> lista;
+    std::size_t inicio = 0;
+    while (inicio < consulta.size()) {
+        auto fin = consulta.find('&', inicio);
+        if (fin == std::string_view::npos) {
+            fin = consulta.size();
+        }
+        const auto par = consulta.substr(inicio, fin - inicio);
+        const auto igual = par.find('=');
+        if (!par.empty()) {
+            lista.emplace_back(std::string(par.substr(0, igual)),
+                               igual == std::string_view::npos
+                                   ? std::string()
+                                   : std::string(par.substr(igual + 1)));
+        }
+        inicio = fin + 1;
+    }
+    return lista;
+}
 
 std::optional<std::string> Parametro(std::string_view consulta, std::string_view nombre) {
     std::size_t inicio = 0;

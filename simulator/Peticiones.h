@@ -4,6 +4,8 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace simulador {
 
@@ -31,6 +33,12 @@ void PartirObjetivo(std::string_view objetivo, std::string& ruta, std::string& c
 // ("+" is a blank, "%XX" a byte). Bytes that are not UTF-8 are read as Windows-1252, which
 // is how the desk writes its query values. Missing parameter: nullopt.
 std::optional<std::string> Parametro(std::string_view consulta, std::string_view nombre);
+
+// A query value decoded the same way.
+std::string Decodificar(std::string_view valor);
+
+// Every parameter of a raw query in order, name and value both still raw.
+std::vector<std::pair<std::string, std::string>> Parametros(std::string_view consulta);
 
 bool EsUtf8(std::string_view texto);
 std::string Windows1252AUtf8(std::string_view bytes);

@@ -1,5 +1,8 @@
 #include "ServicioSimulado.h"
 
+#include "ConfiguracionInicial.h"
+
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <ctime>
@@ -59,6 +62,32 @@ std::string Basura() {
         bytes += static_cast<char>(0x80 + motor() % 0x80);
     }
     return bytes;
+}
+
+// Parameters of a settings write that identify the desk rather than carry a setting.
+bool EsIdentificacion(const std::string& nombre) {
+    static constexpr std::array<std::string_view, 7> nombres = {
+        "idEstablecimiento", "passwordconfig", "numconfig", "version", "modeloImpresora", "fha",
+        "numeroimpresora"};
+    return std::find(nombres.begin(), nombres.end(), nombre) != nombres.end();
+}
+
+// A written setting takes the JSON type the key has in the document: the desk reads
+// numbers as numbers.
+nlohmann::ordered_json ValorConTipo(const nlohmann::ordered_json& actual,
+                                    const std::string& texto) {
+    if (actual.is_number() && !texto.empty()) {
+        char* fin = nullptr;
+        const long long entero = std::strtoll(texto.c_str(), &fin, 10);
+        if (*fin == '\0') {
+            return entero;
+        }
+        const double decimal = std::strtod(texto.c_str(), &fin);
+        if (*fin == '\0') {
+            return decimal;
+        }
+    }
+    return texto;
 }
 
 } // namespace
@@ -187,10 +216,12 @@ Respuesta ServicioSimulado::Normal(const std::string& ruta, const std::string& c
         r.Cuerpo = CredencialesCorrectas(consulta, true) ? configuracion_.Documento : kNoEncontrado;
     } else if (ruta == "pedidosgprs/obtenerConfiguracion") {
         r.Cuerpo = CredencialesCorrectas(consulta, false) ? ConfiguracionAntigua() : kNoEncontrado;
-    } else if (ruta == "pedidosgprs/actualizarConfigImpresora" ||
-               ruta == "pedidosgprs/eliminarConfigImpresora" ||
-               ruta == "pedidosgprs/actualizarConfigGeneral") {
-        r.Cuerpo = "OK";
+    } else if (ruta == "pedidosgprs/actualizarConfigImpresora") {
+        r.Cuerpo = GuardarImpresora(consulta, false);
+    } else if (ruta == "pedidosgprs/eliminarConfigImpresora") {
+        r.Cuerpo = GuardarImpresora(consulta, true);
+    } else if (ruta == "pedidosgprs/actualizarConfigGeneral") {
+        r.Cuerpo = GuardarGeneral(consulta);
     } else if (ruta == "establecimiento/cerrarAbrirEstablecHasta") {
         r.Cuerpo = Cerrar(consulta);
     } else if (ruta == "pedidosgprs/obtenerPedido") {
@@ -255,7 +286,7 @@ std::string ServicioSimulado::ConfiguracionAntigua() const {
         }
         const auto impresoras = doc.value("configimpresoras", nlohmann::json::array());
         for (const auto& i : impresoras) {
-            if (!i.is_object() || i.value("tipoimpresion", "") != "DW") {
+            if (!i.is_object() || !i.contains("tipoimpresion") || i["tipoimpresion"] != "DW") {
                 continue;
             }
             const std::array<const char*, 12> claves = {"numerocopiasaceptado",
@@ -322,6 +353,71 @@ std::string ServicioSimulado::Cerrar(const std::string& consulta) {
     }
     apertura_ = Apertura::CerradoHasta;
     return "\"" + textoCerradoHasta_ + "\"";
+}
+
+std::string ServicioSimulado::GuardarImpresora(const std::string& consulta, bool eliminar) {
+    // Kept like the real service keeps them, so that the reading that follows a save
+    // brings the saved printers back.
+    // The answer is always "OK" (the desk drops it); only the right establishment writes.
+    if (!CredencialesCorrectas(consulta, true)) {
+        return "OK";
+    }
+    auto doc = nlohmann::ordered_json::parse(configuracion_.Documento, nullptr, false);
+    long numero = 0;
+    if (!doc.is_object() || !Entero(Parametro(consulta, "numeroimpresora").value_or(""), numero)) {
+        return "OK";
+    }
+    if (!doc.contains("configimpresoras") || !doc["configimpresoras"].is_array()) {
+        doc["configimpresoras"] = nlohmann::ordered_json::array();
+    }
+    auto& impresoras = doc["configimpresoras"];
+    const auto esta = [numero](const nlohmann::ordered_json& i) {
+        return i.is_object() && i.contains("numeroimpresora") &&
+               i["numeroimpresora"].is_number_integer() &&
+               i["numeroimpresora"].get<long>() == numero;
+    };
+    auto it = std::find_if(impresoras.begin(), impresoras.end(), esta);
+    if (eliminar) {
+        if (it != impresoras.end()) {
+            impresoras.erase(it);
+        }
+    } else {
+        if (it == impresoras.end()) {
+            impresoras.push_back(ImpresoraNueva(static_cast<int>(numero)));
+            it = impresoras.end() - 1;
+        }
+        for (const auto& [nombre, crudo] : Parametros(consulta)) {
+            if (EsIdentificacion(nombre)) {
+                continue;
+            }
+            // The name stays encoded, as the desk decodes it when reading.
+            (*it)[nombre] =
+                nombre == "nombreimpresora"
+                    ? nlohmann::ordered_json(crudo)
+                    : ValorConTipo(it->value(nombre, nlohmann::ordered_json()), Decodificar(crudo));
+        }
+    }
+    configuracion_.Documento = doc.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+    return "OK";
+}
+
+std::string ServicioSimulado::GuardarGeneral(const std::string& consulta) {
+    // The answer is always "OK" (the desk drops it); only the right establishment writes.
+    if (!CredencialesCorrectas(consulta, true)) {
+        return "OK";
+    }
+    auto doc = nlohmann::ordered_json::parse(configuracion_.Documento, nullptr, false);
+    if (!doc.is_object()) {
+        return "OK";
+    }
+    for (const auto& [nombre, crudo] : Parametros(consulta)) {
+        if (!EsIdentificacion(nombre)) {
+            doc[nombre] =
+                ValorConTipo(doc.value(nombre, nlohmann::ordered_json()), Decodificar(crudo));
+        }
+    }
+    configuracion_.Documento = doc.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+    return "OK";
 }
 
 ServicioSimulado::PedidoGuardado*

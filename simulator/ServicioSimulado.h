@@ -84,6 +84,8 @@ private:
     bool CredencialesCorrectas(const std::string& consulta, bool conNumConfig) const;
     std::string ConfiguracionAntigua() const;
     std::string Cerrar(const std::string& consulta);
+    std::string GuardarImpresora(const std::string& consulta, bool eliminar);
+    std::string GuardarGeneral(const std::string& consulta);
     std::string Responder(const std::string& consulta);
     PedidoGuardado* Buscar(const std::optional<std::string>& numero);
 

@@ -72,8 +72,10 @@ int LeerConfigImpresoras(std::array<ClassConfigImpresora, 10>& impresoras,
     ClassConfigImpresora* destino = nullptr;
     int leidos = 0;
     for (int n = 1; n <= lista.Count(); ++n) {
-        Elemento e(lista.Item(n).diccionario());
-        const qint16 numero = e.requerido("numeroimpresora").aEntero16();
+        DiccionarioJson& d = lista.Item(n).diccionario();
+        Elemento e(d);
+        // A missing number reads as 0: like any number out of 1 to 10, it keeps the target.
+        const qint16 numero = d.Item(QStringLiteral("numeroimpresora")).aEntero16();
         if (numero >= 1 && numero <= 10) {
             destino = &impresoras.at(static_cast<size_t>(numero - 1));
         }

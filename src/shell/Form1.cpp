@@ -292,8 +292,9 @@ void Form1::volcar() {
 
 bool Form1::Initialize() {
     m_.UrlBase = m_.UrlBaseHttps;
-    // A config.txt that cannot be read or created is reported; the desk goes on unknown.
-    EjecutarProtegido(m_.cajas(), [this] { LeerConfigTxt(m_); });
+    // A folder where config.txt cannot be read or made is reported, and the desk goes on
+    // as a desk without an establishment.
+    protegido([this] { LeerConfigTxt(m_); });
     m_.ModoActualizador = false;
     if (m_.NombreEjecutable == QLatin1String("TVU")) {
         m_.ModoActualizador = true;

@@ -3,13 +3,15 @@
 #include "platform/CajaMensajes.h"
 #include "platform/CanalHttp.h"
 #include "platform/Reloj.h"
+#include "printing/CanalEP.h"
 #include "server/Pasarela.h"
 #include "sound/AlertaSonora.h"
 
 ModuloPrincipal::ModuloPrincipal(QObject* padre)
     : QObject(padre), reloj_(std::make_unique<RelojSistema>()),
       cajas_(std::make_unique<RegistroCajas>()), pasarela_(std::make_unique<Pasarela>(*this)),
-      sonido_(std::make_unique<AlertaSonora>(*this)) {
+      sonido_(std::make_unique<AlertaSonora>(*this)),
+      canalEP_(std::make_unique<CanalEP>()) {
     setServidor(ServidorPorDefecto);
 }
 

@@ -15,6 +15,7 @@ class CajaMensajes;
 class Pasarela;
 class CanalHttp;
 class AlertaSonora;
+class CanalEP;
 
 // The program's one piece of global state: identification, configuration variables,
 // the order record, the printer slots and the flags. The program makes one; each test
@@ -37,6 +38,8 @@ public:
     Pasarela& pasarela() const { return *pasarela_; }
     // The alert melody (its players are set by the window side).
     AlertaSonora& sonido() const { return *sonido_; }
+    // The one channel of raw ticket printing (tests replace its opener).
+    CanalEP& canalEP() const { return *canalEP_; }
     void setReloj(std::unique_ptr<Reloj> r);
     void setCajas(std::unique_ptr<CajaMensajes> c);
     // Replaces the gateway's three channels (direct, first and second control).
@@ -152,4 +155,5 @@ private:
     std::unique_ptr<CajaMensajes> cajas_;
     std::unique_ptr<Pasarela> pasarela_;
     std::unique_ptr<AlertaSonora> sonido_;
+    std::unique_ptr<CanalEP> canalEP_;
 };

@@ -190,6 +190,11 @@ void SimuladorPrueba::configurarTexto(qint64 id, const QString& password, int nu
              {"documentoTexto", QString::fromUtf8(texto)}});
 }
 
+QJsonObject SimuladorPrueba::documento() {
+    const QJsonObject configuracion = control("GET", "configuracion");
+    return QJsonDocument::fromJson(configuracion["documentoTexto"].toString().toUtf8()).object();
+}
+
 QJsonArray SimuladorPrueba::generarPedidos(int cantidad, quint64 semilla, const QString& clase,
                                            int productos) {
     const QJsonObject cuerpo{{"cantidad", cantidad},

@@ -46,13 +46,18 @@ public:
     void encolar(const QString& ruta, const QStringList& cuerpos);
     void vaciarRespuestas();
     // tipo: rechazar, colgar, error, vacio, basura, status500, titulo502. veces < 0: until
-    // cleared. ruta empty: every path.
+    // cleared. ruta empty: every path (and, for rechazar/colgar, https attempts). One time
+    // of rechazar/colgar is one failure as a Qt client sees it: the resend that Qt makes
+    // by itself meets the same fault for free and shows as `reenvio` in the record.
     void fallo(const QString& tipo, double segundos = 0, int veces = -1, const QString& ruta = {});
     void quitarFallos();
     void configurar(qint64 id, const QString& password, int numconfig,
                     const QJsonObject& documento);
     void configurarTexto(qint64 id, const QString& password, int numconfig,
                          const QByteArray& texto);
+    // The configuration document served now (the default establishment until configurar),
+    // read without touching the record: a starting point for a test's own document.
+    QJsonObject documento();
     // Orders: clase domicilio, recoger, programado, efectivo or mezcla; productos 0 lets the
     // seed choose. Each created order: numero, estado, minutos, motivo, formaEntrega, linea,
     // respuestas.

@@ -207,7 +207,7 @@ TEST(DeskReal, ConElServicioCaidoPreguntaCadaTresSegundosHastaLaPrimeraLecturaBu
     const auto lecturas = De(sim.registro(), ruta, QStringLiteral("http"));
     for (int i = 1; i < 4; ++i) {
         const qint64 paso = lecturas[i].ms - lecturas[i - 1].ms;
-        EXPECT_GE(paso, 2700) << i;
+        EXPECT_GE(paso, 2500) << i;
         EXPECT_LE(paso, 3600) << i;
     }
     ASSERT_TRUE(desk.esperarVentana(

@@ -146,6 +146,14 @@ TEST(LecturaImpresoras, NumeroFueraDeRangoYRanurasQueDesaparecen) {
     EXPECT_TRUE(r[6].NombreImpresora.isEmpty());
     EXPECT_TRUE(Leer(r, QStringLiteral("[]")) == 0 && r[1].NombreImpresora.isEmpty());
 
+    // A missing number reads as 0, which also keeps the slot before it.
+    QString sinNumero = Comun(0, "EP", "Sin numero", kBloqueEp);
+    sinNumero.remove(QStringLiteral("numeroimpresora:0, "));
+    EXPECT_EQ(Leer(r, QStringLiteral("[") + Comun(4, "DW", "Cuarta", kBloqueDw) +
+                          QStringLiteral(",") + sinNumero + QStringLiteral("]")),
+              2);
+    EXPECT_EQ(r[3].NombreImpresora, QStringLiteral("Sin numero"));
+
     // As the first element, 11 has no slot at all.
     EXPECT_EQ(NumeroDeError(r, QStringLiteral("[") + Comun(11, "DW", "X", kBloqueDw) +
                                    QStringLiteral("]")),

@@ -324,7 +324,9 @@ TEST(Simulador, CredencialesDeLaConfiguracion) {
                                                                          {"anchopapel", 58},
                                                                          {"fuente", "Courier New"},
                                                                          {"factorfuente", 4.5}}}}};
+    EXPECT_EQ(sim.documento(), Documento(sim)); // the default, read both ways
     sim.configurar(12, "otra clave", 3, propio);
+    EXPECT_EQ(sim.documento(), propio);
     EXPECT_EQ(Cuerpo(sim, v2 + "idEstablecimiento=7&passwordconfig=clave&numconfig=1"),
               kNoEncontrado);
     for (const QByteArray clave : {"otra+clave", "otra%20clave"}) {
@@ -710,4 +712,63 @@ TEST(Simulador, MuchosClientesALaVez) {
         consultas.insert(registro[i].consulta);
     }
     EXPECT_EQ(consultas.size(), kHilos * kPorHilo);
+}
+
+TEST(Simulador, AjustesEscritosVuelvenEnLaSiguienteLectura) {
+    SimuladorPrueba sim;
+    ASSERT_TRUE(sim.enMarcha());
+    const QByteArray cabeza = "idEstablecimiento=7&passwordconfig=clave&numconfig=1";
+    const auto impresora = [&](const QJsonObject& doc, int numero) {
+        for (const auto& v : doc["configimpresoras"].toArray()) {
+            if (v.toObject()["numeroimpresora"].toInt() == numero) {
+                return v.toObject();
+            }
+        }
+        return QJsonObject();
+    };
+
+    // An existing kitchen printer changes; its name stays encoded as the desk sent it.
+    EXPECT_EQ(Cuerpo(sim, "/api/pedidosgprs/actualizarConfigImpresora?" + cabeza +
+                              "&version=1.6.2&numeroimpresora=3&nombreimpresora=Cocina+fr%EDa"
+                              "&tipoimpresion=EP&numerocopiasaceptado=3&epconexion=COM2:9600,n,8,1"
+                              "&cocina=1&categoriasids=11,15&formaenvio=2&fha=2026112290507"),
+              "OK");
+    // A new slot gets a whole printer.
+    Cuerpo(sim, "/api/pedidosgprs/actualizarConfigImpresora?" + cabeza +
+                    "&numeroimpresora=6&nombreimpresora=Barra+2&tipoimpresion=DW"
+                    "&anchopapel=58&fuente=Courier%20New&factorfuente=4.25");
+    Cuerpo(sim, "/api/pedidosgprs/eliminarConfigImpresora?" + cabeza + "&numeroimpresora=4");
+    EXPECT_EQ(Cuerpo(sim, "/api/pedidosgprs/actualizarConfigGeneral?" + cabeza +
+                              "&tamannofuenteprincipales=12&melodiapednuevo=mi+melod%EDa.mp3"
+                              "&volumenmelodiawmp=55&minimizartrasresp=1"),
+              "OK");
+    // With wrong credentials nothing is kept.
+    EXPECT_EQ(Cuerpo(sim, "/api/pedidosgprs/actualizarConfigGeneral?idEstablecimiento=7&"
+                          "passwordconfig=mala&numconfig=1&tamannofuenteprincipales=16"),
+              "OK");
+
+    const QJsonObject doc = Documento(sim);
+    const QJsonObject cocina = impresora(doc, 3);
+    EXPECT_EQ(cocina["nombreimpresora"], "Cocina+fr%EDa");
+    EXPECT_EQ(cocina["numerocopiasaceptado"], 3);
+    EXPECT_EQ(cocina["epconexion"], "COM2:9600,n,8,1");
+    EXPECT_EQ(cocina["categoriasids"], "11,15");
+    EXPECT_EQ(cocina["formaenvio"], 2);
+    EXPECT_EQ(cocina["productosexcepids"], "103"); // not written by the desk: kept
+    EXPECT_FALSE(cocina.contains("fha"));
+    EXPECT_FALSE(cocina.contains("version"));
+
+    const QJsonObject nueva = impresora(doc, 6);
+    EXPECT_EQ(nueva["tipoimpresion"], "DW");
+    EXPECT_EQ(nueva["anchopapel"], 58);
+    EXPECT_EQ(nueva["fuente"], "Courier New");
+    EXPECT_EQ(nueva["factorfuente"], 4.25);
+    EXPECT_TRUE(nueva.contains("mostrarhoraentrega"));
+    EXPECT_TRUE(impresora(doc, 4).isEmpty());
+    EXPECT_EQ(doc["configimpresoras"].toArray().size(), 4);
+
+    EXPECT_EQ(doc["tamannofuenteprincipales"], 12);
+    EXPECT_EQ(doc["melodiapednuevo"].toString(), QStringLiteral("mi melodía.mp3"));
+    EXPECT_EQ(doc["volumenmelodiawmp"], 55);
+    EXPECT_EQ(doc["minimizartrasresp"], 1);
 }

@@ -1,0 +1,230 @@
+// The real destinations of raw ticket bytes.
+#include "printing/CanalEP.h"
+
+#include "platform/ErrorEjecucion.h"
+#include "printing/ConexionEP.h"
+
+#include <QDeadlineTimer>
+#include <QFile>
+#include <QSerialPort>
+#include <QTcpSocket>
+#include <cups/cups.h>
+
+namespace {
+
+constexpr int kEsperaConexionMs = 5000;
+constexpr int kEsperaEscrituraMs = 15000;
+
+[[noreturn]] void noEncontrado() {
+    throw ErrorEjecucion(ErrorEjecucion::ArchivoNoEncontrado);
+}
+[[noreturn]] void errorES() {
+    throw ErrorEjecucion(ErrorEjecucion::ErrorDeEntradaSalida);
+}
+
+class DestinoFichero : public DestinoEP {
+public:
+    explicit DestinoFichero(const QString& ruta) : fichero_(ruta) {
+        if (!fichero_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
+            noEncontrado();
+        }
+    }
+    void escribir(const QByteArray& b) override {
+        if (fichero_.write(b) != b.size()) {
+            const bool lleno = fichero_.error() == QFileDevice::ResourceError;
+            throw ErrorEjecucion(lleno ? ErrorEjecucion::DiscoLleno
+                                       : ErrorEjecucion::ErrorDeEntradaSalida);
+        }
+    }
+    void cerrar() override {
+        const bool ok = fichero_.flush();
+        fichero_.close();
+        if (!ok) {
+            errorES();
+        }
+    }
+    void abortar() noexcept override { fichero_.close(); }
+
+private:
+    QFile fichero_;
+};
+
+class DestinoSerie : public DestinoEP {
+public:
+    explicit DestinoSerie(const ConexionEP& c) {
+        if (!c.ajustesValidos) {
+            noEncontrado();
+        }
+        puerto_.setPortName(c.ruta);
+        if (!puerto_.open(QIODevice::WriteOnly)) {
+            noEncontrado();
+        }
+        const auto paridad = c.paridad == u'e'   ? QSerialPort::EvenParity
+                             : c.paridad == u'o' ? QSerialPort::OddParity
+                             : c.paridad == u'm' ? QSerialPort::MarkParity
+                             : c.paridad == u's' ? QSerialPort::SpaceParity
+                                                 : QSerialPort::NoParity;
+        const auto parada = c.bitsParada == u"2"     ? QSerialPort::TwoStop
+                            : c.bitsParada == u"1.5" ? QSerialPort::OneAndHalfStop
+                                                     : QSerialPort::OneStop;
+        // A pseudo-terminal or an adapter may refuse some settings; the bytes still go out.
+        puerto_.setBaudRate(c.baudios);
+        puerto_.setParity(paridad);
+        puerto_.setDataBits(static_cast<QSerialPort::DataBits>(c.bitsDatos));
+        puerto_.setStopBits(parada);
+        puerto_.setFlowControl(QSerialPort::NoFlowControl);
+    }
+    void escribir(const QByteArray& b) override {
+        if (puerto_.write(b) != b.size()) {
+            errorES();
+        }
+    }
+    void cerrar() override {
+        QDeadlineTimer plazo(kEsperaEscrituraMs);
+        while (puerto_.bytesToWrite() > 0) {
+            if (plazo.hasExpired() ||
+                !puerto_.waitForBytesWritten(static_cast<int>(plazo.remainingTime()))) {
+                puerto_.close();
+                errorES();
+            }
+        }
+        puerto_.close();
+    }
+    void abortar() noexcept override {
+        puerto_.clear();
+        puerto_.close();
+    }
+
+private:
+    QSerialPort puerto_;
+};
+
+class DestinoTcp : public DestinoEP {
+public:
+    explicit DestinoTcp(const ConexionEP& c) {
+        socket_.connectToHost(c.ruta, c.puerto, QIODevice::WriteOnly);
+        if (!socket_.waitForConnected(kEsperaConexionMs)) {
+            socket_.abort();
+            noEncontrado();
+        }
+    }
+    void escribir(const QByteArray& b) override {
+        if (socket_.write(b) != b.size()) {
+            errorES();
+        }
+    }
+    void cerrar() override {
+        QDeadlineTimer plazo(kEsperaEscrituraMs);
+        while (socket_.bytesToWrite() > 0) {
+            if (plazo.hasExpired() ||
+                !socket_.waitForBytesWritten(static_cast<int>(plazo.remainingTime()))) {
+                socket_.abort();
+                errorES();
+            }
+        }
+        socket_.disconnectFromHost();
+        if (socket_.state() != QAbstractSocket::UnconnectedState &&
+            !socket_.waitForDisconnected(static_cast<int>(
+                std::max<qint64>(1, std::min<qint64>(plazo.remainingTime(), 2000))))) {
+            socket_.abort();
+        }
+    }
+    void abortar() noexcept override { socket_.abort(); }
+
+private:
+    QTcpSocket socket_;
+};
+
+// A raw job on the local print queue; the bytes are gathered and handed over at the close,
+// so that a ticket that failed half-way never reaches the queue.
+class DestinoCola : public DestinoEP {
+public:
+    explicit DestinoCola(const QString& cola) : cola_(cola.toUtf8()) {
+        cups_dest_t* destino = cupsGetNamedDest(CUPS_HTTP_DEFAULT, cola_.constData(), nullptr);
+        if (destino == nullptr) {
+            noEncontrado();
+        }
+        cupsFreeDests(1, destino);
+    }
+    void escribir(const QByteArray& b) override { datos_.append(b); }
+    void cerrar() override {
+        const int trabajo =
+            cupsCreateJob(CUPS_HTTP_DEFAULT, cola_.constData(), "Ticket", 0, nullptr);
+        if (trabajo <= 0) {
+            noEncontrado();
+        }
+        bool ok = cupsStartDocument(CUPS_HTTP_DEFAULT, cola_.constData(), trabajo, "Ticket",
+                                    CUPS_FORMAT_RAW, 1) == HTTP_STATUS_CONTINUE;
+        ok = ok && cupsWriteRequestData(CUPS_HTTP_DEFAULT, datos_.constData(),
+                                        static_cast<size_t>(datos_.size())) == HTTP_STATUS_CONTINUE;
+        const bool terminado =
+            cupsFinishDocument(CUPS_HTTP_DEFAULT, cola_.constData()) == IPP_STATUS_OK;
+        if (!ok || !terminado) {
+            cupsCancelJob(cola_.constData(), trabajo);
+            errorES();
+        }
+    }
+    void abortar() noexcept override { datos_.clear(); }
+
+private:
+    QByteArray cola_;
+    QByteArray datos_;
+};
+
+} // namespace
+
+std::unique_ptr<DestinoEP> AbrirDestinoEP(const QString& conexion) {
+    const ConexionEP c = AnalizarConexionEP(conexion);
+    switch (c.tipo) {
+    case ConexionEP::Tipo::Serie:
+        return std::make_unique<DestinoSerie>(c);
+    case ConexionEP::Tipo::Tcp:
+        return std::make_unique<DestinoTcp>(c);
+    case ConexionEP::Tipo::Cola:
+        return std::make_unique<DestinoCola>(c.ruta);
+    case ConexionEP::Tipo::Fichero:
+        break;
+    }
+    if (c.ruta.isEmpty()) {
+        noEncontrado();
+    }
+    return std::make_unique<DestinoFichero>(c.ruta);
+}
+
+CanalEP::CanalEP() : abridor_(AbrirDestinoEP) {}
+
+CanalEP::~CanalEP() {
+    Abortar();
+}
+
+void CanalEP::Abrir(const QString& conexion) {
+    if (destino_) {
+        throw ErrorEjecucion(ErrorEjecucion::ArchivoYaAbierto);
+    }
+    destino_ = abridor_(conexion);
+    if (!destino_) {
+        noEncontrado();
+    }
+}
+
+void CanalEP::Escribir(const QByteArray& bytes) {
+    if (!destino_) {
+        throw ErrorEjecucion(52); // bad file number: nothing is open
+    }
+    destino_->escribir(bytes);
+}
+
+void CanalEP::Cerrar() {
+    if (!destino_) {
+        return;
+    }
+    auto d = std::move(destino_);
+    d->cerrar();
+}
+
+void CanalEP::Abortar() noexcept {
+    if (destino_) {
+        auto d = std::move(destino_);
+        d->abortar();
+    }
+}

@@ -1,0 +1,132 @@
+// The real desk executable against the stand-in service over loopback.
+#include "common/EscritorioPrueba.h"
+#include "common/SimuladorPrueba.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTcpServer>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+const QRegularExpression kSello(QStringLiteral("&fha=\\d{13,14}$"));
+
+QList<SimuladorPrueba::Entrada> delServicio(const QList<SimuladorPrueba::Entrada>& registro) {
+    QList<SimuladorPrueba::Entrada> r;
+    for (const auto& e : registro) {
+        if (e.esquema == QLatin1String("http")) {
+            r.append(e);
+        }
+    }
+    return r;
+}
+
+} // namespace
+
+TEST(Escritorio, PrimerArranqueConCarpetaVaciaSondeaUnaVezYEspera) {
+    SimuladorPrueba sim;
+    ASSERT_TRUE(sim.enMarcha());
+    EscritorioPrueba desk;
+    ASSERT_TRUE(desk.iniciar(sim.base()));
+
+    ASSERT_TRUE(sim.esperarPeticion(QStringLiteral("pedidosgprs/pedidosnuevos"), 20000));
+    ASSERT_TRUE(desk.esperarVentana(
+        [](const auto& v) {
+            return v.value(QStringLiteral("TextEstadoApertura")).texto == QLatin1String("Abierto");
+        },
+        10000));
+    // Nothing else leaves: no timer polls before the establishment is configured.
+    QTest::qWait(4000);
+    const auto registro = sim.registro();
+    ASSERT_EQ(registro.size(), 2);
+    EXPECT_EQ(registro[0].esquema, QStringLiteral("https"));
+    EXPECT_EQ(registro[1].esquema, QStringLiteral("http"));
+    EXPECT_EQ(registro[1].ruta, QStringLiteral("pedidosgprs/pedidosnuevos"));
+    QString consulta = registro[1].consulta;
+    EXPECT_TRUE(kSello.match(consulta).hasMatch()) << consulta.toStdString();
+    consulta.remove(kSello);
+    EXPECT_EQ(consulta, QStringLiteral("restid=0&password=&numconfig=1&modeloImpresora=3"
+                                       "&version=1.6.2&printresumenauto=Falso"));
+
+    const auto v = desk.ventana();
+    EXPECT_EQ(v.value(QStringLiteral("TextEstablecimiento")).texto,
+              QStringLiteral("No configurado"));
+    EXPECT_EQ(v.value(QStringLiteral("TextEstadoConexion")).texto, QStringLiteral("En línea"));
+    EXPECT_TRUE(desk.cajas().isEmpty());
+    // The first start leaves a fresh config.txt of 18 bytes in the empty folder.
+    EXPECT_EQ(QFileInfo(QDir(desk.carpeta()).filePath(QStringLiteral("config.txt"))).size(), 18);
+    EXPECT_TRUE(desk.enMarcha());
+}
+
+TEST(Escritorio, PrimerArranqueSinServicioMuestraSinConexion) {
+    // A port where nobody listens: every request is refused.
+    QTcpServer libre;
+    ASSERT_TRUE(libre.listen(QHostAddress::LocalHost));
+    const QString base = QStringLiteral("127.0.0.1:%1/api/").arg(libre.serverPort());
+    libre.close();
+
+    EscritorioPrueba desk;
+    ASSERT_TRUE(desk.iniciar(base));
+    ASSERT_TRUE(desk.esperarVentana(
+        [](const auto& v) {
+            return v.value(QStringLiteral("TextEstadoApertura")).texto == QLatin1String("??");
+        },
+        20000));
+    const auto v = desk.ventana();
+    EXPECT_EQ(v.value(QStringLiteral("TextEstablecimiento")).texto,
+              QStringLiteral("No configurado"));
+    EXPECT_EQ(v.value(QStringLiteral("TextEstadoConexion")).texto, QStringLiteral("Sin conexión"));
+    EXPECT_EQ(v.value(QStringLiteral("TextEstadoConexion")).fondo, QColor(255, 0, 0));
+    EXPECT_EQ(v.value(QStringLiteral("TextEstadoApertura")).fondo, QColor(255, 255, 255));
+    EXPECT_TRUE(desk.cajas().isEmpty()) << "a failed poll shows no box";
+    EXPECT_TRUE(desk.enMarcha());
+}
+
+TEST(Escritorio, UnSegundoArranqueDeLaMismaInstalacionTerminaEnSilencio) {
+    SimuladorPrueba sim;
+    ASSERT_TRUE(sim.enMarcha());
+    EscritorioPrueba primero;
+    ASSERT_TRUE(primero.iniciar(sim.base()));
+    ASSERT_TRUE(sim.esperarPeticion(QStringLiteral("pedidosgprs/pedidosnuevos"), 20000));
+    const int antes = static_cast<int>(sim.registro().size());
+
+    EscritorioPrueba segundo(primero.carpeta());
+    ASSERT_TRUE(segundo.iniciar(sim.base()));
+    int codigo = -1;
+    ASSERT_TRUE(segundo.esperarFin(15000, &codigo));
+    EXPECT_EQ(codigo, 0);
+    EXPECT_TRUE(segundo.cajas().isEmpty());
+    QTest::qWait(500);
+    EXPECT_EQ(sim.registro().size(), antes) << "the second desk must not talk to the service";
+    EXPECT_TRUE(primero.enMarcha());
+
+    // A desk that was killed leaves its lock behind; the next start still runs.
+    ::kill(static_cast<pid_t>(primero.pid()), SIGKILL);
+    ASSERT_TRUE(primero.esperarFin(5000));
+    EscritorioPrueba tercero(primero.carpeta());
+    sim.limpiarRegistro();
+    ASSERT_TRUE(tercero.iniciar(sim.base()));
+    EXPECT_TRUE(sim.esperarPeticion(QStringLiteral("pedidosgprs/pedidosnuevos"), 20000));
+    EXPECT_TRUE(tercero.enMarcha());
+}
+
+TEST(Escritorio, SeCierraLimpioAnteLaSennalDeTerminacion) {
+    SimuladorPrueba sim;
+    ASSERT_TRUE(sim.enMarcha());
+    EscritorioPrueba desk;
+    ASSERT_TRUE(desk.iniciar(sim.base()));
+    ASSERT_TRUE(sim.esperarPeticion(QStringLiteral("pedidosgprs/pedidosnuevos"), 20000));
+    ::kill(static_cast<pid_t>(desk.pid()), SIGTERM);
+    int codigo = -1;
+    ASSERT_TRUE(desk.esperarFin(10000, &codigo));
+    EXPECT_EQ(codigo, 0);
+    EXPECT_TRUE(desk.cajas().isEmpty()) << "the end of a session asks nothing";
+    EXPECT_FALSE(
+        QFile::exists(QDir(desk.carpeta()).filePath(QStringLiteral(".TarvimentaPedidos.lock"))));
+    // The closing request goes only after the user's own closing and its Yes.
+    for (const auto& e : delServicio(sim.registro())) {
+        EXPECT_NE(e.ruta, QStringLiteral("establecimiento/cerrarAbrirEstablecHasta"));
+    }
+}
