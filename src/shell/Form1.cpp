@@ -1,6 +1,10 @@
 #include "shell/Form1.h"
 
+#include "orders/AceptacionAutomatica.h"
+#include "orders/FormPedidoNuevo.h"
+#include "orders/RegistroPedido.h"
 #include "orders/Sondeo.h"
+#include "orders/VentanaPedido_ui.h"
 #include "platform/CajaMensajes.h"
 #include "platform/Controles_ui.h"
 #include "platform/EjecucionProtegida.h"
@@ -13,6 +17,8 @@
 #include "shell/ArchivosLocales.h"
 #include "shell/Logotipo_ui.h"
 #include "shell/ModuloPrincipal.h"
+#include "sound/AlertaSonora.h"
+#include "sound/ReproductoresQt_ui.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -53,6 +59,22 @@ template <typename T> T* crear(QWidget* padre, const char* nombre, const QString
     return c;
 }
 
+// A window of another part of the desk, found by name among the top-level windows: the
+// desk keeps one of each, and some are made only on first use.
+QWidget* ventanaPorNombre(const char* nombre) {
+    for (QWidget* w : QApplication::topLevelWidgets()) {
+        if (w->objectName() == QLatin1String(nombre)) {
+            return w;
+        }
+    }
+    return nullptr;
+}
+
+bool ventanaVisible(const char* nombre) {
+    const QWidget* w = ventanaPorNombre(nombre);
+    return w != nullptr && w->isVisible();
+}
+
 Temporizador* crearTimer(QObject* padre, const char* nombre) {
     auto* t = new Temporizador(padre);
     t->setObjectName(QLatin1String(nombre));
@@ -89,6 +111,7 @@ Form1::Form1(ModuloPrincipal& m, QStringList palabras, QWidget* padre)
     });
     connect(timerConfig_, &Temporizador::tick, this,
             [this] { protegido([this] { tickConfig(); }); });
+    instalarSonido();
 
     // The end of the user's session closes the desk without asking.
     connect(qApp, &QGuiApplication::commitDataRequest, this,
@@ -187,6 +210,45 @@ void Form1::construirControles() {
     resize(420, 520);
 }
 
+void Form1::instalarSonido() {
+    AlertaSonora& sonido = m_.sonido();
+    InstalarReproductoresQt(sonido);
+    AlertaSonora::Silenciadores s;
+    s.TimerSilenciarActivo = [this] {
+        return formPedidoNuevo_ != nullptr && formPedidoNuevo_->TimerSilenciar().enabled();
+    };
+    s.ProductosRechazarIngredientesPedidoVisible = [] {
+        return ventanaVisible("FormProductosRechazarIngredientesPedido");
+    };
+    s.RechazarPedidoVisible = [] { return ventanaVisible("FormRechazarPedido"); };
+    s.AceptarPedidoVisible = [] { return ventanaVisible("FormAceptarPedido"); };
+    s.TimerSilenciarMensajeActivo = [] {
+        const QWidget* w = ventanaPorNombre("FormMensajeNuevo");
+        const auto* t =
+            w ? w->findChild<Temporizador*>(QStringLiteral("TimerSilenciarMensaje")) : nullptr;
+        return t != nullptr && t->enabled();
+    };
+    sonido.setSilenciadores(std::move(s));
+    connect(&sonido, &AlertaSonora::textoMusica, this,
+            [this](const QString& texto) { accionMusica_->setText(texto); });
+    connect(timerMusica_, &Temporizador::tick, this,
+            [this] { protegido([this] { m_.sonido().tickMusica(); }); });
+    connect(accionMusica_, &QAction::triggered, this,
+            [this] { protegido([this] { m_.sonido().alternarMusica(); }); });
+}
+
+bool Form1::musicaSonando() const {
+    return m_.sonido().musicaSonando();
+}
+
+FormPedidoNuevo& Form1::formPedidoNuevo() {
+    if (formPedidoNuevo_ == nullptr) {
+        // A window of its own, owned by the main window.
+        formPedidoNuevo_ = new FormPedidoNuevo(m_, this);
+    }
+    return *formPedidoNuevo_;
+}
+
 void Form1::construirMenu() {
     menu_ = menuBar()->addMenu(QStringLiteral("Menú"));
     menu_->setObjectName(QStringLiteral("Menu"));
@@ -258,7 +320,7 @@ void Form1::Activate() {
     const bool yaIniciado = m_.InicioHecho;
     if (!yaIniciado) {
         IniciarPrograma();
-        MusicaSonando = false;
+        m_.sonido().setMusicaSonando(false);
         if (m_.MinimizarTrasResp) {
             showMinimized();
         }
@@ -332,13 +394,21 @@ void Form1::AplicarTamannosFuente() {
     QFont f = listaAgotados_->font();
     f.setPointSize(qMax<int>(1, m_.TamannoFuenteListasCheck));
     listaAgotados_->setFont(f);
-    // The order windows and the other check lists take their sizes when they exist.
+    ::AplicarTamannosFuente(m_, &formPedidoNuevo());
+    // The other check lists take their sizes when their windows exist.
+}
+
+void Form1::PrepararSonido() {
+    m_.sonido().PrepararMelodiaYVolumen();
+}
+
+void Form1::AplicarAVentanasDePedido() {
+    formPedidoNuevo().setWindowTitle(FormPedidoNuevo::Titulo + QLatin1Char(' ') +
+                                     m_.NombreEstablecimiento);
 }
 
 // Where later windows and modules plug in; nothing of theirs exists yet.
-void Form1::PrepararSonido() {}
 void Form1::RellenarMotivosRechazo() {}
-void Form1::AplicarAVentanasDePedido() {}
 void Form1::CargarCarta() {}
 void Form1::ComprobarActualizacionAutomatica() {}
 
@@ -385,12 +455,53 @@ void Form1::ComprobarPedidosNuevos() {
         mostrarApertura(respuesta);
         break;
     case sondeo::Respuesta::Pedido:
+        caminoPedido(respuesta);
+        break;
     case sondeo::Respuesta::ImprimirSesion:
     case sondeo::Respuesta::ImprimirDia:
     case sondeo::Respuesta::Mensaje:
     case sondeo::Respuesta::ForzarActualizacion:
     case sondeo::Respuesta::Nada:
         break;
+    }
+}
+
+void Form1::caminoPedido(QString respuesta) {
+    if (m_.ActualizarConfigConPedido) {
+        // Only the variables change: nothing is applied to the windows here.
+        bool parametro = true;
+        ObtenerConfiguracion(m_, parametro);
+    }
+    ParsearPedido(m_, respuesta);
+    m_.UltimoIdPedido = m_.PedidoActual.NumPedido;
+    if (AceptarPedido && DecidirAceptacionAutomatica(m_)) {
+        // Accepted without a window: no sound, no screen.
+        AceptarPedido();
+        return;
+    }
+
+    m_.PedidoNuevoPendiente = true;
+    timerPedidos_->setEnabled(false);
+    m_.sonido().ReproducirSonido();
+    for (const char* nombre : {"FormPedidosAnteriores", "FormPedidoAnterior"}) {
+        if (QWidget* w = ventanaPorNombre(nombre); w != nullptr && w->isVisible()) {
+            w->hide();
+        }
+    }
+    FormPedidoNuevo& ventana = formPedidoNuevo();
+    // A failure while painting is reported, and the window still comes up: the order is
+    // pending now and only an answer to it starts the polling again.
+    EjecutarProtegido(m_.cajas(), [&] { RellenarVentanaPedido(m_, &ventana); });
+    if (m_.OcultarDatosPerson) {
+        ventana.CubrirDatosPersonales();
+    }
+    ventana.setWindowState(ventana.windowState() & ~Qt::WindowMinimized);
+    ventana.show();
+    ColocarVentana(&ventana, true);
+    ventana.IniciarParpadeo();
+    if (m_.IntervaloEscaneoPedActualizado >= 1) {
+        timerPedActualizado_->setInterval(m_.IntervaloEscaneoPedActualizado);
+        timerPedActualizado_->setEnabled(true);
     }
 }
 
@@ -460,6 +571,10 @@ void Form1::Unload() {
     for (Temporizador* t :
          {timerConfig_, timerMusica_, timerPedActualizado_, timerPedidos_, timerPrimeraConfig_}) {
         t->setEnabled(false);
+    }
+    if (formPedidoNuevo_ != nullptr) {
+        formPedidoNuevo_->TimerColorFondo().setEnabled(false);
+        formPedidoNuevo_->TimerSilenciar().setEnabled(false);
     }
     for (QWidget* w : QApplication::topLevelWidgets()) {
         if (w != this) {

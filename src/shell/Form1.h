@@ -13,6 +13,7 @@ class QPushButton;
 class QTreeWidget;
 class QAction;
 class QMenu;
+class FormPedidoNuevo;
 class FormAdmin;
 
 // The main window: the anchor of the whole desk from start to end. It owns the five
@@ -35,6 +36,13 @@ public:
     // The login window, made on first use and hidden rather than closed.
     FormAdmin& AbrirAdmin();
 
+    // The new-order window, made on first use and kept to the end.
+    FormPedidoNuevo& formPedidoNuevo();
+    FormPedidoNuevo* formPedidoNuevoSiExiste() const { return formPedidoNuevo_; }
+    // The acceptance of an order without a window (automatic acceptance). While it is not
+    // set, every order goes on screen.
+    std::function<void()> AceptarPedido;
+
     // The closing question. `razon` 0 is the user's closing of the window, the only one
     // that asks; any other (code, end of session) closes without a question. True when the
     // desk may close.
@@ -52,7 +60,8 @@ public:
     Temporizador& TimerPedActualizado() { return *timerPedActualizado_; }
     Temporizador& TimerMusica() { return *timerMusica_; }
 
-    bool MusicaSonando = false;
+    // Whether the sound was started by hand from the Musica entry.
+    bool musicaSonando() const;
     QDateTime UltimaLecturaConfig; // the zero date until the first periodic reading
     bool MarcandoProducto = false;
 
@@ -66,6 +75,8 @@ private:
     void Activate();
     void tickConfig();
     void mostrarApertura(const QString& respuesta);
+    void caminoPedido(QString respuesta);
+    void instalarSonido();
     void conexionEnLinea();
     void conexionPerdida();
     void protegido(const std::function<void()>& manejador);
@@ -99,5 +110,6 @@ private:
     QTreeWidget* listaAgotados_ = nullptr;
     QMenu* menu_ = nullptr;
     QAction* accionMusica_ = nullptr;
+    FormPedidoNuevo* formPedidoNuevo_ = nullptr;
     FormAdmin* formAdmin_ = nullptr;
 };

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+class ModuloPrincipal;
+class Temporizador;
+class QTreeWidget;
+
+// The window of a new order: it puts the order in front of the staff, loud and flashing,
+// and keeps coming back until the order is answered. The close box and minimising only
+// silence it for a minute; the answer flows hide it. Its controls carry the names that
+// RellenarVentanaPedido paints (shared with the past-order window).
+class FormPedidoNuevo : public QWidget {
+    Q_OBJECT
+public:
+    static inline const QString Titulo = QStringLiteral("¡NUEVO PEDIDO!");
+    static inline const QString TextoSinImpresora =
+        QStringLiteral("Debe seleccionar una impresora en configuración de impresoras");
+
+    explicit FormPedidoNuevo(ModuloPrincipal& m, QWidget* padre = nullptr);
+    ~FormPedidoNuevo() override;
+
+    // Starts the flashing (when ParpadeoPedNuevo is on).
+    void IniciarParpadeo();
+    // Stops sound and flashing for a minute.
+    void SilenciarPedidoNuevo();
+    // Puts "Pulse Silenciar 1 min. para ver" over the customer's name, address and
+    // telephone; the Silenciar button uncovers them.
+    void CubrirDatosPersonales();
+
+    Temporizador& TimerColorFondo() { return *timerColorFondo_; }
+    Temporizador& TimerSilenciar() { return *timerSilenciar_; }
+    // The flash phase: true means the next tick paints the flash colour.
+    bool faseParpadeo() const { return fase_; }
+
+    // The print entry for the Imprimir button: prints PedidoActual on printer slot
+    // `ranura` (1 to 10) with `copias` copies. Set by the printing side; while it is not set
+    // the button reports the run-time error of an object that is not there.
+    void setImprimirPedido(std::function<void(int ranura, int copias)> imprimir) {
+        imprimirPedido_ = std::move(imprimir);
+    }
+
+Q_SIGNALS:
+    // The answer buttons; the answer windows take over from here.
+    void aceptarPulsado();
+    void rechazarPulsado();
+
+protected:
+    void closeEvent(QCloseEvent* e) override;
+    void changeEvent(QEvent* e) override;
+
+private:
+    void construir();
+    void tickColorFondo();
+    void tickSilenciar();
+    void pulsarSilenciar();
+    void pulsarImprimir();
+    void protegido(const std::function<void()>& manejador);
+
+    ModuloPrincipal& m_;
+    Temporizador* timerColorFondo_;
+    Temporizador* timerSilenciar_;
+    bool fase_ = false;
+    std::function<void(int, int)> imprimirPedido_;
+};

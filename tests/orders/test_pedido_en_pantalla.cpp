@@ -1,0 +1,501 @@
+// The desk in this process against the stand-in service over loopback: an order arrives
+// on a poll and goes on screen.
+#include "common/Entorno.h"
+#include "common/EscritorioPrueba.h"
+#include "common/ReproductorGrabador.h"
+#include "common/SimuladorPrueba.h"
+#include "orders/FormPedidoNuevo.h"
+#include "orders/RegistroPedido.h"
+#include "orders/VentanaPedido_ui.h"
+#include "platform/Controles_ui.h"
+#include "platform/Temporizador.h"
+#include "shell/Form1.h"
+#include "shell/ModuloPrincipal.h"
+#include "sound/AlertaSonora.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTreeWidget>
+#include <gtest/gtest.h>
+
+namespace {
+
+const QColor kVerde(0x00, 0x64, 0x00);
+const QColor kAzul(0x28, 0x8E, 0xDF);
+const QString kPoll = QStringLiteral("pedidosgprs/pedidosnuevos");
+
+// Hand-made lines, as the service writes them (UTF-8).
+const QString kDomicilio = QStringLiteral(
+    "#PED*web*5001*2%Pizza Cuatro Quesos - Borde relleno - Sin orégano%23.00%101%12%Cocina "
+    "caliente//2//Borde relleno;1%Tarta de queso%4.50%150%15;*2.00*0.00;29.50;88;María Núñez;"
+    "Calle Mayor 5, 2º B;14/11/2026 21:02%%Para: Ahora;4;6;Tarjeta;600111222;Pendiente;;;0.35;;0;"
+    "29.85;*Timbre roto * llamar al móvil#");
+const QString kProgramadoRecogen = QStringLiteral(
+    "#PED*web*5002*1%Hamburguesa clásica - Sin pepinillos%9.90%201%13;*0.00*0.00;9.90;89;"
+    "Jorge Peña;Recogen;14/11/2026 18:40%%Para: 21:30%%Sábado 15%%n;0;6;PayPal;611222333;"
+    "Pendiente;;;0.00;;1;9.90;*#");
+const QString kEfectivo = QStringLiteral(
+    "#PED*web*5003*3%Croquetas caseras%7.50%301%11;*1.50*1.00;8.00;90;Ana Ruiz;Avda. Sol 3;"
+    "14/11/2026 21:10%%Para: Ahora;0;1;Efectivo Cambio: 50;622333444;Pendiente;;BIENVENIDA;"
+    "0.00;0;0;8.50;*#");
+
+struct Escritorio : ::testing::Test {
+    QTemporaryDir carpeta;
+    SimuladorPrueba sim;
+    ModuloPrincipal m;
+    RegistroCajas* cajas = nullptr;
+    std::shared_ptr<ReproductorGrabador::Registro> sonido =
+        std::make_shared<ReproductorGrabador::Registro>();
+    std::unique_ptr<Form1> f;
+
+    void SetUp() override {
+        ASSERT_TRUE(sim.enMarcha());
+        auto c = std::make_unique<RegistroCajas>();
+        cajas = c.get();
+        m.setCajas(std::move(c));
+        m.setServidor(sim.base());
+        m.CarpetaDatos = carpeta.path();
+        m.CarpetaAplicacion = QStringLiteral(CARPETA_BIN);
+        // What a configuration reading would have brought.
+        m.NombreEstablecimiento = QStringLiteral("Pizzería Sol");
+        m.IntervaloEscaneoPedido = 600000;
+        m.TamannoFuentePrincipales = 8;
+        m.ParpadeoPedNuevo = true;
+        m.IntensidadParpadeo = 100;
+        m.MelodiaPedNuevo = QStringLiteral("telefon1.wav");
+        f = std::make_unique<Form1>(m, QStringList{});
+        m.sonido().setReproductores(std::make_unique<ReproductorGrabador>(sonido),
+                                    std::make_unique<ReproductorGrabador>(
+                                        std::make_shared<ReproductorGrabador::Registro>()));
+        f->AplicarConfiguracion();
+        // Its ticks are driven by hand here.
+        f->TimerMusica().setEnabled(false);
+    }
+
+    void llega(const QString& linea) {
+        sim.encolar(kPoll, {linea});
+        f->ComprobarPedidosNuevos();
+    }
+
+    FormPedidoNuevo& ventana() { return f->formPedidoNuevo(); }
+
+    QWidget* control(const char* nombre, QWidget* en = nullptr) {
+        QWidget* w = (en ? en : &ventana())->findChild<QWidget*>(QLatin1String(nombre));
+        EXPECT_NE(w, nullptr) << nombre;
+        return w;
+    }
+    QString texto(const char* nombre, QWidget* en = nullptr) {
+        QWidget* w = control(nombre, en);
+        if (auto* l = qobject_cast<QLabel*>(w)) {
+            return l->text();
+        }
+        if (auto* e = qobject_cast<QLineEdit*>(w)) {
+            return e->text();
+        }
+        if (auto* t = qobject_cast<QPlainTextEdit*>(w)) {
+            return t->toPlainText();
+        }
+        ADD_FAILURE() << nombre;
+        return {};
+    }
+    bool visible(const char* nombre, QWidget* en = nullptr) {
+        return !control(nombre, en)->isHidden();
+    }
+    QColor tinta(const char* nombre) { return ColorTexto(control(nombre)).toRgb(); }
+
+    QList<QStringList> filas() {
+        QList<QStringList> r;
+        auto* lista = qobject_cast<QTreeWidget*>(control("ListViewProductos"));
+        for (int i = 0; i < lista->topLevelItemCount(); ++i) {
+            auto* it = lista->topLevelItem(i);
+            r.append({it->text(1), it->text(2), it->text(3)});
+        }
+        return r;
+    }
+    int reproducciones() const {
+        return static_cast<int>(sonido->llamadas.filter(QStringLiteral("reproducir ")).size());
+    }
+    int detenciones() const {
+        return static_cast<int>(sonido->llamadas.filter(QStringLiteral("detener ")).size());
+    }
+    void pulsar(const char* boton) {
+        QTest::mouseClick(qobject_cast<QPushButton*>(control(boton)), Qt::LeftButton);
+    }
+};
+
+} // namespace
+
+TEST_F(Escritorio, UnPedidoADomicilioSaleEncimaConSonidoYSinMasSondeos) {
+    llega(kDomicilio);
+    FormPedidoNuevo& v = ventana();
+
+    EXPECT_TRUE(v.isVisible());
+    EXPECT_TRUE(v.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    EXPECT_EQ(v.windowTitle(), QStringLiteral("¡NUEVO PEDIDO! Pizzería Sol"));
+    EXPECT_TRUE(m.PedidoNuevoPendiente);
+    EXPECT_EQ(m.UltimoIdPedido, QStringLiteral("5001"));
+    EXPECT_FALSE(f->TimerPedidos().enabled());
+    EXPECT_TRUE(v.TimerColorFondo().enabled());
+    EXPECT_EQ(v.TimerColorFondo().interval(), 1000);
+    EXPECT_FALSE(v.TimerSilenciar().enabled());
+    ASSERT_EQ(reproducciones(), 1);
+    EXPECT_TRUE(sonido->llamadas.last().endsWith(QStringLiteral("/telefon1.wav")));
+    EXPECT_EQ(f->findChild<QAction*>(QStringLiteral("Musica"))->text(),
+              QStringLiteral("Parar Música"));
+
+    EXPECT_EQ(texto("LabNPedido"), QStringLiteral("5001"));
+    EXPECT_EQ(filas(), (QList<QStringList>{{"2", "Pizza Cuatro Quesos", "23.00"},
+                                           {"", "Borde relleno", ""},
+                                           {"", "Sin orégano", ""},
+                                           {"1", "Tarta de queso", "4.50"},
+                                           {"", "==== FIN DE LOS PRODUCTOS ==== ", ""}}));
+    auto* lista = qobject_cast<QTreeWidget*>(control("ListViewProductos"));
+    EXPECT_EQ(lista->headerItem()->text(1), QStringLiteral("Uds."));
+    EXPECT_EQ(lista->headerItem()->text(3), QStringLiteral("Precio(€)"));
+    EXPECT_EQ(lista->columnWidth(0), 0);
+    // The product column takes the list's width less units, price and a margin, also on
+    // the very first order, before the window was ever laid out on screen.
+    EXPECT_NEAR(lista->columnWidth(2),
+                (lista->width() * 1440 / lista->logicalDpiX() - 670 - 900 - 80) *
+                    lista->logicalDpiX() / 1440,
+                2);
+    EXPECT_GT(lista->columnWidth(2), 300);
+    EXPECT_EQ(texto("LabImporteEnvio"), QStringLiteral("2.00€"));
+    EXPECT_EQ(texto("LabComisionPaypal"), QStringLiteral("0.35€"));
+    EXPECT_TRUE(visible("LabCabComisionPaypal"));
+    EXPECT_TRUE(visible("LabComisionPaypal"));
+    EXPECT_EQ(texto("LabDescuento"), QStringLiteral("0.00€"));
+    EXPECT_FALSE(visible("LabCabPromocion"));
+    EXPECT_FALSE(visible("LabPromocion"));
+    EXPECT_EQ(texto("LabTotal"), QStringLiteral("29.50€"));
+    EXPECT_EQ(texto("labTotalBruto"), QStringLiteral("29.85€"));
+    EXPECT_EQ(texto("LabCliente"), QStringLiteral("María Núñez"));
+    EXPECT_EQ(texto("LabTelefono"), QStringLiteral("600111222"));
+    EXPECT_EQ(texto("LabFormaEnvio"), QStringLiteral("Envío a domicilio"));
+    EXPECT_EQ(tinta("LabFormaEnvio"), kAzul);
+    EXPECT_TRUE(visible("LabCabDireccion"));
+    EXPECT_TRUE(visible("TxtDireccion"));
+    EXPECT_EQ(texto("TxtDireccion"), QStringLiteral("Calle Mayor 5, 2º B"));
+    EXPECT_EQ(texto("LabRealizadoEl"), QStringLiteral("14/11/2026 21:02"));
+    EXPECT_EQ(texto("labPara"), QStringLiteral("Ahora"));
+    EXPECT_EQ(tinta("labPara"), QColor(Qt::black));
+    EXPECT_FALSE(control("labPara")->autoFillBackground());
+    EXPECT_EQ(control("labPara")->font().pointSize(), 7);
+    EXPECT_EQ(texto("LabPedAnteriores"), QStringLiteral("4"));
+    EXPECT_EQ(texto("LabEstadoPago"), QStringLiteral("PAGADO"));
+    EXPECT_EQ(tinta("LabEstadoPago"), kVerde);
+    EXPECT_EQ(texto("LabMetodoPago"), QStringLiteral("Tarjeta"));
+    EXPECT_EQ(tinta("LabMetodoPago"), kVerde);
+    EXPECT_FALSE(visible("LabCabCambio"));
+    EXPECT_FALSE(visible("LabCambio"));
+    EXPECT_EQ(texto("TxtComentarios"), QStringLiteral("Timbre roto * llamar al móvil"));
+    for (const char* n : {"LabCabEstado", "LabEstado", "LabCabTiempoEstMotivo",
+                          "LabTiempoEstMotivo", "LabCabOrigen", "LabOrigen"}) {
+        EXPECT_FALSE(visible(n)) << n;
+    }
+    EXPECT_EQ(control("LabTotal")->font().pointSize(), 12);
+    EXPECT_EQ(control("TxtComentarios")->font().pointSize(), 8);
+
+    // Nothing more leaves while the order waits, whatever the poll timer does.
+    const int antes = static_cast<int>(sim.registro().size());
+    f->TimerPedidos().disparar();
+    f->TimerPedidos().disparar();
+    EXPECT_EQ(static_cast<int>(sim.registro().size()), antes);
+    EXPECT_TRUE(cajas->cajas().isEmpty());
+}
+
+TEST_F(Escritorio, UnPedidoProgramadoParaRecogerSeDestacaEnBlancoSobreAzul) {
+    m.WebParticular = true;
+    llega(kProgramadoRecogen);
+    EXPECT_TRUE(ventana().isVisible());
+    EXPECT_EQ(texto("LabFormaEnvio"), QStringLiteral("Recogen"));
+    EXPECT_EQ(tinta("LabFormaEnvio"), kVerde);
+    EXPECT_FALSE(visible("LabCabDireccion"));
+    EXPECT_FALSE(visible("TxtDireccion"));
+    EXPECT_EQ(texto("labPara"), QStringLiteral("21:30 sábado 15"));
+    EXPECT_EQ(tinta("labPara"), QColor(Qt::white));
+    EXPECT_TRUE(control("labPara")->autoFillBackground());
+    EXPECT_EQ(Fondo(control("labPara")).toRgb(), kAzul);
+    EXPECT_EQ(control("labPara")->font().pointSize(), 9);
+    EXPECT_FALSE(visible("LabCabComisionPaypal"));
+    EXPECT_FALSE(visible("LabComisionPaypal"));
+    EXPECT_EQ(texto("TxtComentarios"), QString());
+    EXPECT_EQ(texto("LabMetodoPago"), QStringLiteral("PayPal"));
+    EXPECT_TRUE(visible("LabCabOrigen"));
+    EXPECT_EQ(texto("LabOrigen"), QStringLiteral("Web particular"));
+    EXPECT_EQ(filas(), (QList<QStringList>{{"1", "Hamburguesa clásica", "9.90"},
+                                           {"", "Sin pepinillos", ""},
+                                           {"", "==== FIN DE LOS PRODUCTOS ==== ", ""}}));
+
+    // The next order, delivered now, takes the block back to plain text.
+    ventana().hide();
+    m.PedidoNuevoPendiente = false;
+    llega(kDomicilio);
+    EXPECT_EQ(texto("labPara"), QStringLiteral("Ahora"));
+    EXPECT_FALSE(control("labPara")->autoFillBackground());
+    EXPECT_EQ(texto("LabOrigen"), QStringLiteral("Tarvimenta"));
+    EXPECT_TRUE(visible("TxtDireccion"));
+}
+
+TEST_F(Escritorio, UnPedidoEnEfectivoSinPagarMuestraElCambio) {
+    m.MostrarCpr = true;
+    llega(kEfectivo);
+    EXPECT_EQ(texto("LabEstadoPago"), QStringLiteral("NO Pagado"));
+    EXPECT_EQ(tinta("LabEstadoPago"), kAzul);
+    EXPECT_EQ(texto("LabMetodoPago"), QStringLiteral("Efectivo"));
+    EXPECT_EQ(tinta("LabMetodoPago"), kAzul);
+    EXPECT_TRUE(visible("LabCabCambio"));
+    EXPECT_TRUE(visible("LabCambio"));
+    EXPECT_EQ(texto("LabCambio"), QStringLiteral("50"));
+    EXPECT_TRUE(visible("LabCabPromocion"));
+    EXPECT_EQ(texto("LabPromocion"), QStringLiteral("BIENVENIDA"));
+    EXPECT_EQ(texto("LabDescuento"), QStringLiteral("1.00€"));
+}
+
+TEST_F(Escritorio, UnPedidoYaRespondidoSePintaConSuEstado) {
+    // As the past-order window paints one fetched by number: same controls, same fill.
+    FormPedidoNuevo anterior(m);
+    sim.encolar(QStringLiteral("pedidosgprs/obtenerPedido"),
+                {QString(kDomicilio)
+                     .replace(QStringLiteral(";Pendiente;;"),
+                              QStringLiteral(";Rechazado;Sin repartidores;"))});
+    QString resumen;
+    ASSERT_TRUE(ObtenerPedido(m, QStringLiteral("5001"), &resumen));
+    ASSERT_EQ(m.PedidoActual.Estado, QStringLiteral("Rechazado"));
+    RellenarVentanaPedido(m, &anterior);
+    EXPECT_TRUE(visible("LabCabEstado", &anterior));
+    EXPECT_EQ(texto("LabEstado", &anterior), QStringLiteral("Rechazado"));
+    EXPECT_TRUE(visible("LabCabTiempoEstMotivo", &anterior));
+    EXPECT_EQ(texto("LabCabTiempoEstMotivo", &anterior), QStringLiteral("Motivo:"));
+    EXPECT_EQ(texto("LabTiempoEstMotivo", &anterior), QStringLiteral("Sin repartidores"));
+    EXPECT_TRUE(resumen.contains(QStringLiteral("Motivo Rechazo: Sin repartidores")));
+
+    m.PedidoActual.Estado = QStringLiteral("En reparto");
+    m.PedidoActual.TiempoEstimado = QStringLiteral("null");
+    RellenarVentanaPedido(m, &anterior);
+    EXPECT_EQ(texto("LabCabTiempoEstMotivo", &anterior), QStringLiteral("Tiempo est.:"));
+    EXPECT_EQ(texto("LabTiempoEstMotivo", &anterior), QStringLiteral("No especificado"));
+    m.PedidoActual.TiempoEstimado = QStringLiteral("40");
+    RellenarVentanaPedido(m, &anterior);
+    EXPECT_EQ(texto("LabTiempoEstMotivo", &anterior), QStringLiteral("40 Minutos"));
+    m.PedidoActual.Estado = QStringLiteral("Pendiente");
+    RellenarVentanaPedido(m, &anterior);
+    EXPECT_FALSE(visible("LabEstado", &anterior));
+    EXPECT_FALSE(visible("LabTiempoEstMotivo", &anterior));
+}
+
+TEST_F(Escritorio, SilenciarCallaYApagaElParpadeoUnMinutoYLuegoVuelve) {
+    llega(kDomicilio);
+    FormPedidoNuevo& v = ventana();
+
+    v.TimerColorFondo().disparar();
+    EXPECT_EQ(Fondo(&v).toRgb(), QColor(255, 179, 100));
+    EXPECT_FALSE(v.faseParpadeo());
+    v.TimerColorFondo().disparar();
+    EXPECT_EQ(Fondo(&v).toRgb(), QColor(Qt::white));
+
+    // The repeat keeps the melody going while nobody silences it.
+    f->TimerMusica().disparar();
+    EXPECT_EQ(reproducciones(), 2);
+
+    pulsar("Silenciar");
+    EXPECT_EQ(detenciones(), 1);
+    EXPECT_FALSE(v.TimerColorFondo().enabled());
+    EXPECT_EQ(Fondo(&v).toRgb(), QColor(Qt::white));
+    EXPECT_TRUE(v.TimerSilenciar().enabled());
+    EXPECT_EQ(v.TimerSilenciar().interval(), 60000);
+    EXPECT_EQ(f->findChild<QAction*>(QStringLiteral("Musica"))->text(),
+              QStringLiteral("Reproducir Música"));
+    f->TimerMusica().disparar();
+    EXPECT_EQ(reproducciones(), 2);
+
+    // A short minute through the timer itself.
+    v.TimerSilenciar().setInterval(40);
+    ASSERT_TRUE(EsperarHasta([&] { return !v.TimerSilenciar().enabled(); }, 3000));
+    EXPECT_EQ(reproducciones(), 3);
+    EXPECT_TRUE(v.TimerColorFondo().enabled());
+    EXPECT_TRUE(v.faseParpadeo());
+    EXPECT_FALSE(v.windowState() & Qt::WindowMinimized);
+
+    // Once answered, the end of the minute does nothing.
+    pulsar("Silenciar");
+    m.PedidoNuevoPendiente = false;
+    v.TimerSilenciar().setInterval(40);
+    ASSERT_TRUE(EsperarHasta([&] { return !v.TimerSilenciar().enabled(); }, 3000));
+    EXPECT_EQ(reproducciones(), 3);
+    EXPECT_FALSE(v.TimerColorFondo().enabled());
+}
+
+TEST_F(Escritorio, LaCajaDeCierreYMinimizarSoloSilencian) {
+    llega(kDomicilio);
+    FormPedidoNuevo& v = ventana();
+    EXPECT_FALSE(v.close());
+    EXPECT_TRUE(v.windowState() & Qt::WindowMinimized);
+    EXPECT_GE(detenciones(), 1);
+    EXPECT_TRUE(v.TimerSilenciar().enabled());
+    EXPECT_FALSE(v.TimerColorFondo().enabled());
+
+    v.TimerSilenciar().setInterval(30);
+    ASSERT_TRUE(EsperarHasta([&] { return !(v.windowState() & Qt::WindowMinimized); }, 3000));
+    EXPECT_TRUE(v.TimerColorFondo().enabled());
+
+    const int detenidas = detenciones();
+    v.showMinimized();
+    EXPECT_GT(detenciones(), detenidas);
+    EXPECT_TRUE(v.TimerSilenciar().enabled());
+
+    // Closing the desk stops the window's timers too.
+    f->Unload();
+    EXPECT_FALSE(v.TimerSilenciar().enabled());
+    EXPECT_FALSE(v.TimerColorFondo().enabled());
+}
+
+TEST_F(Escritorio, LosDatosPersonalesCubiertosSeVenAlSilenciar) {
+    m.OcultarDatosPerson = true;
+    llega(kDomicilio);
+    const QString cubierto = QStringLiteral("Pulse Silenciar 1 min. para ver");
+    EXPECT_EQ(texto("LabCliente"), cubierto);
+    EXPECT_EQ(texto("TxtDireccion"), cubierto);
+    EXPECT_EQ(texto("LabTelefono"), cubierto);
+    EXPECT_EQ(texto("LabTotal"), QStringLiteral("29.50€"));
+    pulsar("Silenciar");
+    EXPECT_EQ(texto("LabCliente"), QStringLiteral("María Núñez"));
+    EXPECT_EQ(texto("TxtDireccion"), QStringLiteral("Calle Mayor 5, 2º B"));
+    EXPECT_EQ(texto("LabTelefono"), QStringLiteral("600111222"));
+}
+
+TEST_F(Escritorio, ElOrdenDelCaminoDelPedido) {
+    // A past-order window open is put away; the status watch is armed.
+    QWidget anterior;
+    anterior.setObjectName(QStringLiteral("FormPedidoAnterior"));
+    anterior.show();
+    m.IntervaloEscaneoPedActualizado = 15000;
+    llega(kDomicilio);
+    EXPECT_FALSE(anterior.isVisible());
+    EXPECT_TRUE(f->TimerPedActualizado().enabled());
+    EXPECT_EQ(f->TimerPedActualizado().interval(), 15000);
+
+    // Without flashing the background stays as it is.
+    ventana().hide();
+    m.PedidoNuevoPendiente = false;
+    m.ParpadeoPedNuevo = false;
+    ventana().TimerColorFondo().setEnabled(false);
+    llega(kEfectivo);
+    EXPECT_FALSE(ventana().TimerColorFondo().enabled());
+}
+
+TEST_F(Escritorio, LaAceptacionAutomaticaNoSacaVentanaNiSonido) {
+    int aceptados = 0;
+    f->AceptarPedido = [&] {
+        ++aceptados;
+        EXPECT_EQ(m.PedidoActual.TiempoEstimado, QStringLiteral("0"));
+    };
+    m.AceptarAutoDomicilio = -1;
+    llega(kDomicilio);
+    EXPECT_EQ(aceptados, 1);
+    EXPECT_FALSE(m.PedidoNuevoPendiente);
+    EXPECT_EQ(reproducciones(), 0);
+    EXPECT_FALSE(f->formPedidoNuevoSiExiste() && f->formPedidoNuevo().isVisible());
+    EXPECT_EQ(m.UltimoIdPedido, QStringLiteral("5001"));
+
+    // The one-shot setting is spent: the second goes on screen.
+    llega(kEfectivo);
+    EXPECT_EQ(aceptados, 1);
+    EXPECT_TRUE(m.PedidoNuevoPendiente);
+    EXPECT_TRUE(ventana().isVisible());
+}
+
+TEST_F(Escritorio, UnFalloAlPintarSeAvisaYElPedidoSigueEnPantalla) {
+    llega(QStringLiteral("#PED*web*5004*1%Pizza - X%9.00%1%2;*0*0;9;1;Eva;Recogen;hoy%%Para: "
+                         "Ahora;0;6;Tarjeta;6;Pendiente;;;0;;0;9;*#"));
+    ASSERT_EQ(cajas->cajas().size(), 1);
+    EXPECT_EQ(cajas->cajas()[0].texto,
+              QStringLiteral("Error en tiempo de ejecución '9': El subíndice está fuera del "
+                             "intervalo"));
+    EXPECT_TRUE(m.PedidoNuevoPendiente);
+    EXPECT_TRUE(ventana().isVisible());
+    EXPECT_EQ(texto("LabNPedido"), QStringLiteral("5004"));
+}
+
+TEST_F(Escritorio, ImprimirEligeLaPrimeraOLaSegundaImpresora) {
+    llega(kDomicilio);
+    QList<QPair<int, int>> trabajos;
+    pulsar("Imprimir");
+    ASSERT_EQ(cajas->cajas().size(), 1);
+    EXPECT_EQ(cajas->cajas()[0].texto,
+              QStringLiteral("Debe seleccionar una impresora en configuración de impresoras"));
+    // Slots past the second are not tried.
+    m.Impresora(3).NombreImpresora = QStringLiteral("Barra");
+    pulsar("Imprimir");
+    EXPECT_EQ(cajas->cajas().size(), 2);
+
+    ventana().setImprimirPedido([&](int ranura, int copias) { trabajos.append({ranura, copias}); });
+    m.Impresora(2).NombreImpresora = QStringLiteral("Cocina");
+    pulsar("Imprimir");
+    m.Impresora(1).NombreImpresora = QStringLiteral("Caja");
+    pulsar("Imprimir");
+    EXPECT_EQ(trabajos, (QList<QPair<int, int>>{{2, 1}, {1, 1}}));
+    EXPECT_EQ(cajas->cajas().size(), 2);
+}
+
+TEST_F(Escritorio, LaEntradaMusicaAlternaPorSuVariable) {
+    auto* musica = f->findChild<QAction*>(QStringLiteral("Musica"));
+    EXPECT_TRUE(musica->isVisible());
+    musica->trigger();
+    EXPECT_TRUE(f->musicaSonando());
+    EXPECT_EQ(reproducciones(), 1);
+    EXPECT_EQ(musica->text(), QStringLiteral("Parar Música"));
+    musica->trigger();
+    EXPECT_FALSE(f->musicaSonando());
+    EXPECT_EQ(detenciones(), 1);
+    EXPECT_EQ(musica->text(), QStringLiteral("Reproducir Música"));
+
+    m.CancelarSonido = true;
+    f->AplicarConfiguracion();
+    EXPECT_FALSE(musica->isVisible());
+}
+
+TEST_F(Escritorio, LosPedidosDelGeneradorLleganUnoTrasOtro) {
+    const QJsonArray creados = sim.generarPedidos(2, 31, QStringLiteral("mezcla"), 30);
+    ASSERT_EQ(creados.size(), 2);
+    for (const auto& creado : creados) {
+        f->ComprobarPedidosNuevos();
+        ASSERT_TRUE(ventana().isVisible());
+        EXPECT_EQ(texto("LabNPedido"), creado.toObject().value("numero").toString());
+        EXPECT_GT(filas().size(), 30);
+        EXPECT_TRUE(cajas->cajas().isEmpty());
+        // Answered elsewhere: the desk polls again.
+        ventana().hide();
+        m.PedidoNuevoPendiente = false;
+    }
+}
+
+TEST_F(Escritorio, ConActualizarConfigConPedidoLaConfiguracionSeLeeAntesDelPedido) {
+    m.IdEstablecimiento = 7;
+    m.PasswordConfig = QStringLiteral("clave");
+    m.NumConfig = 1;
+    m.ActualizarConfigConPedido = true;
+    m.IntervaloEscaneoPedido = 0; // what the service sends back is seen below
+    sim.limpiarRegistro();
+    llega(kDomicilio);
+    QStringList rutas;
+    for (const auto& entrada : sim.registro()) {
+        if (!entrada.ruta.isEmpty()) {
+            rutas << entrada.ruta;
+        }
+    }
+    ASSERT_GE(rutas.size(), 2);
+    EXPECT_EQ(rutas[0], kPoll);
+    EXPECT_EQ(rutas[1], QStringLiteral("pedidosgprs/obtenerConfiguracionV2"));
+    EXPECT_GT(m.IntervaloEscaneoPedido, 0);
+    // Only the variables: the main window keeps what it was showing.
+    EXPECT_EQ(f->findChild<QLineEdit*>(QStringLiteral("TextEstablecimiento"))->text(),
+              QStringLiteral("Pizzería Sol"));
+    EXPECT_TRUE(ventana().isVisible());
+    EXPECT_EQ(texto("LabNPedido"), QStringLiteral("5001"));
+}
