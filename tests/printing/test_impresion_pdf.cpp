@@ -8,6 +8,7 @@
 
 #include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 namespace {
@@ -153,6 +154,34 @@ TEST_F(ImpresionPdf, DosCopiasSonDosDocumentos) {
         const QStringList lineas = texto(f);
         EXPECT_EQ(lineas.count(u"Ped. Nº: 1234"_qs), 1) << f.toStdString();
     }
+}
+
+TEST_F(ImpresionPdf, UnTicketMasLargoQueLaPaginaSigueEnOtra) {
+    auto impresora = ImpresoraDWQt::haciaPdf(carpeta + "/largo.pdf", QSizeF(80, 40));
+    impresora->setFont("DejaVu Sans Mono");
+    impresora->setFontSize(10);
+    QStringList esperadas;
+    for (int n = 1; n <= 20; ++n) {
+        esperadas.append(QStringLiteral("Linea %1 fin").arg(n));
+    }
+    // One text with line breaks and then single lines: both kinds move down the page.
+    impresora->Imprimir(esperadas.mid(0, 10).join(QStringLiteral("\r\n")));
+    for (const QString& l : esperadas.mid(10)) {
+        impresora->Imprimir(l);
+    }
+    impresora->EndDoc();
+    ASSERT_EQ(impresora->ficherosPdf().size(), 1);
+    const QStringList lineas = texto(impresora->ficherosPdf()[0]);
+    EXPECT_EQ(lineas, esperadas) << "every line once, in order, none lost past the foot";
+
+    QProcess info;
+    info.start("pdfinfo", {impresora->ficherosPdf()[0]});
+    ASSERT_TRUE(info.waitForFinished(30000));
+    const QString salida = QString::fromUtf8(info.readAllStandardOutput());
+    const auto paginas = QRegularExpression("Pages:\\s+(\\d+)").match(salida).captured(1).toInt();
+    // 20 lines of about 4 mm on 40 mm pages.
+    EXPECT_GE(paginas, 2);
+    EXPECT_LE(paginas, 4);
 }
 
 } // namespace
