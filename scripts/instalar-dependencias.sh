@@ -8,7 +8,7 @@ PAQUETES=(
     qt6-base-dev qt6-multimedia-dev qt6-serialport-dev libqt6opengl6-dev libgl-dev
     qt6-qpa-plugins
     gstreamer1.0-plugins-base gstreamer1.0-plugins-good
-    libcups2-dev cups-client
+    libcups2-dev cups-client cups-daemon
     libcpp-httplib-dev nlohmann-json3-dev rapidjson-dev
     googletest libgtest-dev libgmock-dev libbenchmark-dev
     clang libclang-rt-14-dev

@@ -4,6 +4,7 @@
 #include "platform/CajaMensajesQt_ui.h"
 #include "platform/InstanciaUnica.h"
 #include "platform/SenalesTerminacion.h"
+#include "printing/ImpresoraDWQt_ui.h"
 #include "shell/Form1.h"
 #include "shell/LineaComandos.h"
 #include "shell/ModuloPrincipal.h"
@@ -34,6 +35,8 @@ int main(int argc, char** argv) {
     } else {
         m.setCajas(std::make_unique<CajaMensajesQt>());
     }
+
+    m.setImpresorasDW(std::make_unique<ImpresorasDWQt>());
 
     // A second start of the same installation ends at once, silently.
     const InstanciaUnica instancia(m.CarpetaDatos);

@@ -11,6 +11,7 @@
 #include "platform/Reloj.h"
 #include "platform/Temporizador.h"
 #include "platform/Volcado_ui.h"
+#include "printing/ColasImpresion.h"
 #include "server/Configuracion.h"
 #include "settings/FormAdmin.h"
 #include "shell/AccesosSesion.h"
@@ -167,10 +168,14 @@ void Form1::construirControles() {
     picture1->setPixmap(Logotipo(320, 64));
     picture1->setAlignment(Qt::AlignCenter);
 
-    // Carried by the window but never shown; no logic reads them.
+    // Carried by the window but never shown. The button empties the print queues; the
+    // text box's Windows pattern has no use here.
     auto* resetPrinters =
         crear<QPushButton>(central, "ResetPrinters", QStringLiteral("Resetear Impresoras"));
     resetPrinters->hide();
+    connect(resetPrinters, &QPushButton::clicked, this, [this] {
+        protegido([this] { ReiniciarImpresoras(m_, [] { return CancelarTrabajosPendientes(); }); });
+    });
     auto* textKill = crear<QLineEdit>(
         central, "TextKill", QStringLiteral("C:\\WINDOWS\\system32\\spool\\PRINTERS\\*.*"));
     textKill->hide();

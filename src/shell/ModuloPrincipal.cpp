@@ -4,14 +4,16 @@
 #include "platform/CanalHttp.h"
 #include "platform/Reloj.h"
 #include "printing/CanalEP.h"
+#include "printing/ImpresoraDW.h"
+#include "printing/ImpresorasDWNinguna.h"
 #include "server/Pasarela.h"
 #include "sound/AlertaSonora.h"
 
 ModuloPrincipal::ModuloPrincipal(QObject* padre)
     : QObject(padre), reloj_(std::make_unique<RelojSistema>()),
       cajas_(std::make_unique<RegistroCajas>()), pasarela_(std::make_unique<Pasarela>(*this)),
-      sonido_(std::make_unique<AlertaSonora>(*this)),
-      canalEP_(std::make_unique<CanalEP>()) {
+      sonido_(std::make_unique<AlertaSonora>(*this)), canalEP_(std::make_unique<CanalEP>()),
+      impresorasDW_(std::make_unique<ImpresorasDWNinguna>()) {
     setServidor(ServidorPorDefecto);
 }
 
@@ -19,6 +21,10 @@ ModuloPrincipal::~ModuloPrincipal() = default;
 
 void ModuloPrincipal::setReloj(std::unique_ptr<Reloj> r) {
     reloj_ = std::move(r);
+}
+
+void ModuloPrincipal::setImpresorasDW(std::unique_ptr<ImpresorasDW> i) {
+    impresorasDW_ = std::move(i);
 }
 
 void ModuloPrincipal::setCajas(std::unique_ptr<CajaMensajes> c) {

@@ -16,6 +16,7 @@ class Pasarela;
 class CanalHttp;
 class AlertaSonora;
 class CanalEP;
+class ImpresorasDW;
 
 // The program's one piece of global state: identification, configuration variables,
 // the order record, the printer slots and the flags. The program makes one; each test
@@ -40,6 +41,9 @@ public:
     AlertaSonora& sonido() const { return *sonido_; }
     // The one channel of raw ticket printing (tests replace its opener).
     CanalEP& canalEP() const { return *canalEP_; }
+    // The system's driver printers (none until the window side installs its own).
+    ImpresorasDW& impresorasDW() const { return *impresorasDW_; }
+    void setImpresorasDW(std::unique_ptr<ImpresorasDW> i);
     void setReloj(std::unique_ptr<Reloj> r);
     void setCajas(std::unique_ptr<CajaMensajes> c);
     // Replaces the gateway's three channels (direct, first and second control).
@@ -156,4 +160,5 @@ private:
     std::unique_ptr<Pasarela> pasarela_;
     std::unique_ptr<AlertaSonora> sonido_;
     std::unique_ptr<CanalEP> canalEP_;
+    std::unique_ptr<ImpresorasDW> impresorasDW_;
 };

@@ -1,0 +1,64 @@
+#include "printing/ColasImpresion.h"
+
+#include "platform/CajaMensajes.h"
+#include "printing/RutasImpresion.h"
+#include "shell/ModuloPrincipal.h"
+
+#include <QTimer>
+#include <cups/cups.h>
+
+namespace {
+
+// Gives up a request that waits longer than its time-out.
+int noEsperarMas(http_t* /*http*/, void* /*datos*/) {
+    return 0;
+}
+
+} // namespace
+
+int CancelarTrabajosPendientes(int limiteMs) {
+    int cancelado = 0;
+    http_t* http = httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1,
+                                limiteMs, nullptr);
+    if (http == nullptr) {
+        return -1;
+    }
+    httpSetTimeout(http, limiteMs / 1000.0, noEsperarMas, nullptr);
+    cups_job_t* trabajos = nullptr;
+    const int n = cupsGetJobs2(http, &trabajos, nullptr, 0, CUPS_WHICHJOBS_ACTIVE);
+    if (n < 0) {
+        httpClose(http);
+        return -1;
+    }
+    for (int i = 0; i < n; ++i) {
+        if (cupsCancelJob2(http, trabajos[i].dest, trabajos[i].id, 0) == IPP_STATUS_OK) {
+            ++cancelado;
+        }
+    }
+    cupsFreeJobs(n, trabajos);
+    httpClose(http);
+    return cancelado;
+}
+
+QString TextoPreguntaLimpiarColas() {
+    return QStringLiteral("¿Esta seguro que desea limpiar las colas de impresión?");
+}
+
+bool ReiniciarImpresoras(ModuloPrincipal& m, const std::function<int()>& vaciarColas,
+                         int esperaMs) {
+    if (!m.cajas().preguntarSiNo(TextoPreguntaLimpiarColas())) {
+        return false;
+    }
+    // A queue that can't be emptied is dropped silently, as a spool folder in use was.
+    vaciarColas();
+    if (m.PedidoActual.NumPedido.isEmpty()) {
+        return true;
+    }
+    QTimer::singleShot(esperaMs, &m, [&m] {
+        if (!m.PedidoActual.NumPedido.isEmpty()) {
+            ImprimirPedidoSegunEstado(m, m.PedidoActual.Estado, m.PedidoActual.FormaEntrega, false,
+                                      false);
+        }
+    });
+    return true;
+}

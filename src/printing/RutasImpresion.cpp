@@ -1,0 +1,96 @@
+#include "printing/RutasImpresion.h"
+
+#include "orders/Pedido.h"
+#include "platform/CajaMensajes.h"
+#include "platform/ErrorEjecucion.h"
+#include "printing/ClassConfigImpresora.h"
+#include "printing/ImpresoraDW.h"
+#include "printing/TicketClienteDW.h"
+#include "printing/TicketClienteEP.h"
+#include "printing/TicketCocinaDW.h"
+#include "printing/TicketCocinaEP.h"
+#include "shell/ModuloPrincipal.h"
+
+QString TextoSinImpresora() {
+    return QStringLiteral("Debe seleccionar una impresora en configuración de impresoras");
+}
+
+int CopiasSegunEstado(const ClassConfigImpresora& imp, const QString& est,
+                      const QString& formaEntrega) {
+    const bool aceptado = estado::esAceptado(est);
+    if (aceptado && formaEntrega == u"Recogen" && imp.NumeroCopiasAceptadoRecoger >= 0) {
+        return imp.NumeroCopiasAceptadoRecoger;
+    }
+    if (aceptado && imp.NumeroCopiasAceptado > 0) {
+        return imp.NumeroCopiasAceptado;
+    }
+    if (est == estado::Rechazado && imp.NumeroCopiasRechazado > 0) {
+        return imp.NumeroCopiasRechazado;
+    }
+    return 0;
+}
+
+bool Diferido(const QString& paraDia, bool automatico, bool imprimirEnCocina) {
+    return !paraDia.isEmpty() && automatico && !imprimirEnCocina;
+}
+
+void ImprimirPedido(ModuloPrincipal& m, const ClassConfigImpresora& imp, int copias) {
+    if (imp.TipoImpresion == u"DW") {
+        ImpresorasDW& impresoras = m.impresorasDW();
+        HacerActualPorNombre(impresoras, imp.NombreImpresora);
+        ImpresoraDW* impresora = nullptr;
+        try {
+            for (int i = 0; i < copias; ++i) {
+                impresora = &impresoras.Printer();
+                if (imp.Cocina) {
+                    ImprimirTicketCocinaDW(m, *impresora, imp);
+                } else {
+                    ImprimirTicketDW(m, *impresora, imp);
+                }
+            }
+        } catch (const ErrorEjecucion& e) {
+            if (impresora != nullptr) {
+                impresora->KillDoc();
+            }
+            m.cajas().critico(e.textoInforme());
+        }
+    } else if (imp.TipoImpresion == u"EP") {
+        for (int i = 0; i < copias; ++i) {
+            if (imp.Cocina) {
+                ImprimirTicketCocinaEP(m, imp);
+            } else {
+                ImprimirTicketEP(m, imp);
+            }
+        }
+    }
+}
+
+void ImprimirPedidoSegunEstado(ModuloPrincipal& m, const QString& est, const QString& formaEntrega,
+                               bool automatico, bool soloCocina) {
+    for (int n = 1; n <= 10; ++n) {
+        const ClassConfigImpresora& imp = m.Impresora(n);
+        const Pedido& p = m.PedidoActual;
+        const bool diferido = Diferido(p.ParaDia, automatico, p.ImprimirEnCocina);
+        if (soloCocina && !imp.Cocina) {
+            continue;
+        }
+        if (imp.Cocina && diferido) {
+            continue;
+        }
+        const int copias = CopiasSegunEstado(imp, est, formaEntrega);
+        if (copias > 0) {
+            ImprimirPedido(m, imp, copias);
+        }
+    }
+}
+
+int ImprimirPedidoNuevo(ModuloPrincipal& m) {
+    for (int n = 1; n <= 2; ++n) {
+        if (!m.Impresora(n).NombreImpresora.isEmpty()) {
+            ImprimirPedido(m, m.Impresora(n), 1);
+            return n;
+        }
+    }
+    m.cajas().mostrar(TextoSinImpresora());
+    return 0;
+}

@@ -1,0 +1,187 @@
+// The driver tickets really drawn: through QPrinter into a PDF whose text is read back with
+// pdftotext. TARVIMENTA_TICKETS_PDF names a folder where the PDFs are kept for a look.
+#include "bytes_esperados.h"
+#include "impresora_dw_prueba.h"
+#include "printing/ImpresoraDWQt_ui.h"
+#include "printing/TicketClienteDW.h"
+#include "printing/TicketCocinaDW.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+
+namespace {
+
+class ImpresionPdf : public EscritorioPrueba {
+protected:
+    ImpresionPdf() {
+        const QString guardar = qEnvironmentVariable("TARVIMENTA_TICKETS_PDF");
+        carpeta = guardar.isEmpty() ? tmp.path() : guardar;
+        pedidoDomicilio();
+    }
+
+    std::unique_ptr<ImpresoraDWQt> pdf(const QString& nombre) {
+        return ImpresoraDWQt::haciaPdf(carpeta + u'/' + nombre, QSizeF(80, 200));
+    }
+
+    // The lines of the PDF's text, blank ones left out.
+    static QStringList texto(const QString& ruta) {
+        QProcess p;
+        p.start(QStringLiteral("pdftotext"),
+                {QStringLiteral("-layout"), ruta, QStringLiteral("-")});
+        if (!p.waitForFinished(30000) || p.exitCode() != 0) {
+            ADD_FAILURE() << "pdftotext failed on " << ruta.toStdString() << ": "
+                          << p.readAllStandardError().toStdString();
+            return {};
+        }
+        QStringList lineas;
+        for (const QString& l : QString::fromUtf8(p.readAllStandardOutput()).split(u'\n')) {
+            if (!l.trimmed().isEmpty()) {
+                lineas.append(l.trimmed());
+            }
+        }
+        return lineas;
+    }
+
+    // Whether each piece stands on a line of its own, in this order.
+    static void enOrden(const QStringList& lineas, const QStringList& piezas) {
+        qsizetype desde = 0;
+        for (const QString& pieza : piezas) {
+            qsizetype encontrada = -1;
+            for (qsizetype i = desde; i < lineas.size(); ++i) {
+                if (lineas[i].contains(pieza)) {
+                    encontrada = i;
+                    break;
+                }
+            }
+            EXPECT_GE(encontrada, 0)
+                << "not found after line " << desde << ": " << pieza.toStdString() << "\n"
+                << lineas.join(u'\n').toStdString();
+            if (encontrada >= 0) {
+                desde = encontrada + 1;
+            }
+        }
+    }
+
+    QTemporaryDir tmp;
+    QString carpeta;
+};
+
+TEST_F(ImpresionPdf, TicketDeClienteEnPdf) {
+    ClassConfigImpresora i = impresoraDW("Mostrador");
+    i.Font = "DejaVu Sans Mono";
+    i.SeparadorLineas = QString(42, u'-');
+    i.TamannoFuenteSeparador = 6;
+    i.FactorFuente = 3.2;
+    i.NumLineasBlancoFinal = 2;
+    auto impresora = pdf("ticket-cliente.pdf");
+    ImprimirTicketDW(m, *impresora, i);
+    ASSERT_EQ(impresora->ficherosPdf().size(), 1);
+    const QStringList lineas = texto(impresora->ficherosPdf()[0]);
+    // 18 characters a line at 14 points with this factor: the header text wraps.
+    enOrden(lineas, {"Casa Tarvi",
+                     "22/11/2026 13:05:09",
+                     "Gracias por su",
+                     "pedido",
+                     u"Ped. Nº: 1234"_qs,
+                     "2 X Pizza Margarita",
+                     "1 X Hamburguesa",
+                     "Comentarios:",
+                     "Sin cebolla",
+                     u"Importe envío: 1,50€"_qs,
+                     u"Descuento: 0€"_qs,
+                     "Total:",
+                     "Cliente:",
+                     u"Ana Pérez"_qs,
+                     u"Teléfono: 600111222"_qs,
+                     "Realizado el:",
+                     "Para: Ahora",
+                     "NO Pagado",
+                     "Aceptado: 30 Minutos",
+                     "13:30",
+                     u"¡Buen provecho!"_qs,
+                     "."});
+    // Prices and the total stand on the line they end.
+    auto lineaCon = [&lineas](const QString& pieza) {
+        for (const QString& l : lineas) {
+            if (l.contains(pieza)) {
+                return l;
+            }
+        }
+        return QString();
+    };
+    EXPECT_TRUE(lineaCon("2 X Pizza Margarita").endsWith(u"9,50€"_qs));
+    EXPECT_TRUE(lineaCon("Queso, Bacon").endsWith(u"7,25€"_qs));
+    EXPECT_TRUE(lineaCon("Total:").endsWith(u"25,75€"_qs));
+}
+
+TEST_F(ImpresionPdf, TicketDeCocinaEnPdfYNadaCuandoNoLeToca) {
+    ClassConfigImpresora i = impresoraDW("Cocina", true);
+    i.Font = "DejaVu Sans Mono";
+    i.SeparadorLineas = QString(42, u'-');
+    i.TamannoFuenteSeparador = 6;
+    i.FactorFuente = 3.2;
+    i.CategoriasIds = "4";
+    i.MostrarNombreImpresora = true;
+    i.NombreImpresoraGrande = true;
+    i.NumPedidoYFormaEnvFinal = 1;
+    auto impresora = pdf("ticket-cocina.pdf");
+    ImprimirTicketCocinaDW(m, *impresora, i);
+    ASSERT_EQ(impresora->ficherosPdf().size(), 1);
+    const QStringList lineas = texto(impresora->ficherosPdf()[0]);
+    enOrden(lineas,
+            {"Cocina", "22/11/2026 13:05:09", u"Ped. Nº: 1234"_qs, u"Envío a domicilio"_qs,
+             "1 X Hamburguesa", "Comentarios:", "Sin cebolla", u"1234 Envío a Dom."_qs, "13:30"});
+    EXPECT_FALSE(lineas.join(u'\n').contains("Pizza")) << "another category";
+
+    // Nothing of category 9: no document, no file.
+    i.CategoriasIds = "9";
+    auto otra = pdf("ticket-cocina-vacio.pdf");
+    ImprimirTicketCocinaDW(m, *otra, i);
+    EXPECT_TRUE(otra->ficherosPdf().isEmpty());
+    EXPECT_FALSE(QFile::exists(carpeta + "/ticket-cocina-vacio.pdf"));
+}
+
+TEST_F(ImpresionPdf, DosCopiasSonDosDocumentos) {
+    const ClassConfigImpresora i = impresoraDW("Mostrador");
+    auto impresora = pdf("copia.pdf");
+    ImprimirTicketDW(m, *impresora, i);
+    ImprimirTicketDW(m, *impresora, i);
+    ASSERT_EQ(impresora->ficherosPdf(),
+              (QStringList{carpeta + "/copia.pdf", carpeta + "/copia-2.pdf"}));
+    for (const QString& f : impresora->ficherosPdf()) {
+        const QStringList lineas = texto(f);
+        EXPECT_EQ(lineas.count(u"Ped. Nº: 1234"_qs), 1) << f.toStdString();
+    }
+}
+
+TEST_F(ImpresionPdf, UnTicketMasLargoQueLaPaginaSigueEnOtra) {
+    auto impresora = ImpresoraDWQt::haciaPdf(carpeta + "/largo.pdf", QSizeF(80, 40));
+    impresora->setFont("DejaVu Sans Mono");
+    impresora->setFontSize(10);
+    QStringList esperadas;
+    for (int n = 1; n <= 20; ++n) {
+        esperadas.append(QStringLiteral("Linea %1 fin").arg(n));
+    }
+    // One text with line breaks and then single lines: both kinds move down the page.
+    impresora->Imprimir(esperadas.mid(0, 10).join(QStringLiteral("\r\n")));
+    for (const QString& l : esperadas.mid(10)) {
+        impresora->Imprimir(l);
+    }
+    impresora->EndDoc();
+    ASSERT_EQ(impresora->ficherosPdf().size(), 1);
+    const QStringList lineas = texto(impresora->ficherosPdf()[0]);
+    EXPECT_EQ(lineas, esperadas) << "every line once, in order, none lost past the foot";
+
+    QProcess info;
+    info.start("pdfinfo", {impresora->ficherosPdf()[0]});
+    ASSERT_TRUE(info.waitForFinished(30000));
+    const QString salida = QString::fromUtf8(info.readAllStandardOutput());
+    const auto paginas = QRegularExpression("Pages:\\s+(\\d+)").match(salida).captured(1).toInt();
+    // 20 lines of about 4 mm on 40 mm pages.
+    EXPECT_GE(paginas, 2);
+    EXPECT_LE(paginas, 4);
+}
+
+} // namespace
