@@ -2,7 +2,7 @@
 // with one raw queue whose back end writes each job to a file. The order goes through the
 // routing to the driver printer named like the queue; the job's PDF holds the ticket. The
 // queue reset is checked against the same server.
-#include "bytes_esperados.h"
+#include "common/EscritorioPruebaEP.h"
 #include "impresora_dw_prueba.h"
 #include "printing/ColasImpresion.h"
 #include "printing/ImpresoraDWQt_ui.h"

@@ -1,6 +1,6 @@
 // The driver tickets really drawn: through QPrinter into a PDF whose text is read back with
 // pdftotext. TARVIMENTA_TICKETS_PDF names a folder where the PDFs are kept for a look.
-#include "bytes_esperados.h"
+#include "common/EscritorioPruebaEP.h"
 #include "impresora_dw_prueba.h"
 #include "printing/ImpresoraDWQt_ui.h"
 #include "printing/TicketClienteDW.h"

@@ -1,6 +1,6 @@
 // Which printers print an order, how many copies and which ticket: the ten slots by state,
 // pick-up, scheduled orders, kitchen-only reprints and the new-order window's print button.
-#include "bytes_esperados.h"
+#include "common/EscritorioPruebaEP.h"
 #include "common/ImpresoraDWGrabadora.h"
 #include "impresora_dw_prueba.h"
 #include "printing/ColasImpresion.h"
