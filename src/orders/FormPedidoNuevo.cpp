@@ -6,6 +6,7 @@
 #include "platform/EjecucionProtegida.h"
 #include "platform/ErrorEjecucion.h"
 #include "platform/Temporizador.h"
+#include "printing/RutasImpresion.h"
 #include "shell/ModuloPrincipal.h"
 #include "sound/AlertaSonora.h"
 
@@ -244,21 +245,8 @@ void FormPedidoNuevo::pulsarSilenciar() {
 }
 
 void FormPedidoNuevo::pulsarImprimir() {
-    // Slot 1, else slot 2; the others are not tried.
-    int ranura = 0;
-    if (!m_.Impresora(1).NombreImpresora.isEmpty()) {
-        ranura = 1;
-    } else if (!m_.Impresora(2).NombreImpresora.isEmpty()) {
-        ranura = 2;
-    }
-    if (ranura == 0) {
-        m_.cajas().mostrar(TextoSinImpresora);
-        return;
-    }
-    if (!imprimirPedido_) {
-        throw ErrorEjecucion(ErrorEjecucion::VariableDeObjetoNoEstablecida);
-    }
-    imprimirPedido_(ranura, 1);
+    // One copy on slot 1, else slot 2, else the box.
+    ImprimirPedidoNuevo(m_);
 }
 
 void FormPedidoNuevo::closeEvent(QCloseEvent* e) {

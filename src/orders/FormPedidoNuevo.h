@@ -15,8 +15,6 @@ class FormPedidoNuevo : public QWidget {
     Q_OBJECT
 public:
     static inline const QString Titulo = QStringLiteral("¡NUEVO PEDIDO!");
-    static inline const QString TextoSinImpresora =
-        QStringLiteral("Debe seleccionar una impresora en configuración de impresoras");
 
     explicit FormPedidoNuevo(ModuloPrincipal& m, QWidget* padre = nullptr);
     ~FormPedidoNuevo() override;
@@ -33,13 +31,6 @@ public:
     Temporizador& TimerSilenciar() { return *timerSilenciar_; }
     // The flash phase: true means the next tick paints the flash colour.
     bool faseParpadeo() const { return fase_; }
-
-    // The print entry for the Imprimir button: prints PedidoActual on printer slot
-    // `ranura` (1 to 10) with `copias` copies. Set by the printing side; while it is not set
-    // the button reports the run-time error of an object that is not there.
-    void setImprimirPedido(std::function<void(int ranura, int copias)> imprimir) {
-        imprimirPedido_ = std::move(imprimir);
-    }
 
 Q_SIGNALS:
     // The answer buttons; the answer windows take over from here.
@@ -62,5 +53,4 @@ private:
     Temporizador* timerColorFondo_;
     Temporizador* timerSilenciar_;
     bool fase_ = false;
-    std::function<void(int, int)> imprimirPedido_;
 };

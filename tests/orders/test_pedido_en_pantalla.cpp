@@ -1,3 +1,4 @@
+#include "common/CapturaEP.h"
 // The desk in this process against the stand-in service over loopback: an order arrives
 // on a poll and goes on screen.
 #include "common/Entorno.h"
@@ -424,22 +425,38 @@ TEST_F(Escritorio, UnFalloAlPintarSeAvisaYElPedidoSigueEnPantalla) {
 
 TEST_F(Escritorio, ImprimirEligeLaPrimeraOLaSegundaImpresora) {
     llega(kDomicilio);
-    QList<QPair<int, int>> trabajos;
+    CapturaEP captura(m);
     pulsar("Imprimir");
     ASSERT_EQ(cajas->cajas().size(), 1);
     EXPECT_EQ(cajas->cajas()[0].texto,
               QStringLiteral("Debe seleccionar una impresora en configuración de impresoras"));
     // Slots past the second are not tried.
-    m.Impresora(3).NombreImpresora = QStringLiteral("Barra");
+    auto crudo = [](const char* nombre, const char* conexion) {
+        ClassConfigImpresora i;
+        i.TipoImpresion = QStringLiteral("EP");
+        i.NombreImpresora = QLatin1String(nombre);
+        i.EPConexion = QLatin1String(conexion);
+        i.EPNumColumnas = 48;
+        i.SeparadorLineas = QString(48, QLatin1Char('-'));
+        return i;
+    };
+    m.Impresora(3) = crudo("Barra", "barra");
     pulsar("Imprimir");
     EXPECT_EQ(cajas->cajas().size(), 2);
+    EXPECT_EQ(captura.aperturas(QStringLiteral("barra")), 0);
 
-    ventana().setImprimirPedido([&](int ranura, int copias) { trabajos.append({ranura, copias}); });
-    m.Impresora(2).NombreImpresora = QStringLiteral("Cocina");
+    // The second slot takes the copy, even a kitchen's, while the first has no printer.
+    m.Impresora(2) = crudo("Cocina", "cocina");
+    m.Impresora(2).Cocina = true;
+    m.Impresora(2).CategoriasIds = QStringLiteral("1,2,3,4,5,6,7,8,9,10,11,12,13,14,15");
     pulsar("Imprimir");
-    m.Impresora(1).NombreImpresora = QStringLiteral("Caja");
+    EXPECT_EQ(captura.aperturas(QStringLiteral("cocina")), 1);
+    m.Impresora(1) = crudo("Caja", "caja");
     pulsar("Imprimir");
-    EXPECT_EQ(trabajos, (QList<QPair<int, int>>{{2, 1}, {1, 1}}));
+    EXPECT_EQ(captura.aperturas(QStringLiteral("caja")), 1);
+    EXPECT_EQ(captura.aperturas(QStringLiteral("cocina")), 1);
+    EXPECT_TRUE(
+        captura.bytes(QStringLiteral("caja")).contains(m.PedidoActual.NumPedido.toLatin1()));
     EXPECT_EQ(cajas->cajas().size(), 2);
 }
 
