@@ -3,9 +3,9 @@
 #include "orders/Pedido.h"
 #include "platform/Reloj.h"
 #include "printing/ClassConfigImpresora.h"
-#include "printing/ConversionesEP.h"
 #include "printing/ImpresoraDW.h"
 #include "printing/PrimitivasTicket.h"
+#include "server/Conversiones.h"
 #include "shell/ModuloPrincipal.h"
 
 #include <QRegularExpression>
@@ -73,7 +73,7 @@ void EscritorTicketDW::comentarios(const QString& comentarios) {
     p_.setFontSize(imp_.TamannoFuentePequenna + 2);
     partir(QStringLiteral("Comentarios:"));
     grandeSi(imp_.ProductosYComentariosGrande);
-    partir(imp_.ProductosYComentariosMayus ? conv_ep::Mayusculas(comentarios) : comentarios);
+    partir(imp_.ProductosYComentariosMayus ? clasico::UCase(comentarios) : comentarios);
 }
 
 QString EscritorTicketDW::textoProducto(const ProductoPedido& prod, bool conPrecio) const {
@@ -96,7 +96,7 @@ QString EscritorTicketDW::textoProducto(const ProductoPedido& prod, bool conPrec
             texto += CrLf + Espacios(w - largoPrecio) + precio;
         }
     }
-    return imp_.ProductosYComentariosMayus ? conv_ep::Mayusculas(texto) : texto;
+    return imp_.ProductosYComentariosMayus ? clasico::UCase(texto) : texto;
 }
 
 void EscritorTicketDW::lineasFinales() {

@@ -2,8 +2,8 @@
 
 #include "orders/Pedido.h"
 #include "platform/ErrorEjecucion.h"
-#include "printing/ConversionesEP.h"
 #include "printing/ImpresoraDW.h"
+#include "server/Conversiones.h"
 
 #include <limits>
 
@@ -15,11 +15,11 @@ int ColumnasEP(int columnas, const QString& comandoResaltado, bool grande) {
     if (!grande) {
         return columnas;
     }
-    const QStringList piezas = conv_ep::Partir(comandoResaltado, QStringLiteral(","));
+    const QStringList piezas = clasico::Split(comandoResaltado, QStringLiteral(","));
     if (piezas.isEmpty()) {
         return columnas;
     }
-    const auto x = conv_ep::AEntero(piezas.back(), -32768, 32767);
+    const auto x = clasico::EnteroEnIntervalo(piezas.back(), -32768, 32767);
     if (x < 32 || (x >= 64 && x <= 95)) {
         return columnas;
     }
@@ -31,7 +31,8 @@ int CaracteresPorLineaDW(const ImpresoraDW& impresora, int anchoPapel, double fa
     if (tamanno == 0.0) {
         throw ErrorEjecucion(11); // division by zero
     }
-    return static_cast<int>(conv_ep::AEntero(anchoPapel * factorFuente / tamanno, -32768, 32767));
+    return static_cast<int>(
+        clasico::EnteroEnIntervalo(anchoPapel * factorFuente / tamanno, -32768, 32767));
 }
 
 QString PartirLineas(const QString& texto, int w) {
@@ -86,13 +87,13 @@ void ImprimirLineaDW(ImpresoraDW& impresora, int margen, double tamanno, const Q
 
 QString HoraEntregaEstimada(const Pedido& pedido) {
     const qint64 minutos =
-        conv_ep::AEntero(pedido.TiempoEstimado, std::numeric_limits<qint32>::min(),
-                         std::numeric_limits<qint32>::max());
+        clasico::EnteroEnIntervalo(pedido.TiempoEstimado, std::numeric_limits<qint32>::min(),
+                                   std::numeric_limits<qint32>::max());
     const QDateTime aceptada =
-        pedido.HoraAceptacion.isValid() ? pedido.HoraAceptacion : conv_ep::FechaCero();
+        pedido.HoraAceptacion.isValid() ? pedido.HoraAceptacion : clasico::FechaCero();
     // Clock arithmetic on the wall time, as the classic dates do: no daylight-saving jumps.
     const QDateTime base(aceptada.date(), aceptada.time(), Qt::UTC);
-    const QStringList piezas = conv_ep::TextoFechaHora(base.addSecs(minutos * 60)).split(u' ');
+    const QStringList piezas = clasico::TextoFecha(base.addSecs(minutos * 60)).split(u' ');
     if (piezas.size() < 2) {
         return QStringLiteral("0:00");
     }

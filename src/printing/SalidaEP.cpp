@@ -2,8 +2,8 @@
 
 #include "platform/Windows1252.h"
 #include "printing/CanalEP.h"
-#include "printing/ConversionesEP.h"
 #include "printing/TablasCaracteresEP.h"
+#include "server/Conversiones.h"
 
 QByteArray BytesComandoEP(const QString& comando) {
     QByteArray bytes;
@@ -17,7 +17,8 @@ QByteArray BytesComandoEP(const QString& comando) {
         if (fin < 0) {
             fin = comando.size();
         }
-        bytes.append(static_cast<char>(conv_ep::AEntero(comando.mid(desde, fin - desde), 0, 255)));
+        bytes.append(
+            static_cast<char>(clasico::EnteroEnIntervalo(comando.mid(desde, fin - desde), 0, 255)));
         desde = fin + 1;
     }
     return bytes;

@@ -2,11 +2,11 @@
 
 #include "orders/Pedido.h"
 #include "platform/ErrorEjecucion.h"
-#include "printing/ConversionesEP.h"
 #include "printing/EscritorTicketDW.h"
 #include "printing/EscritorTicketEP.h"
 #include "printing/ImpresoraDW.h"
 #include "printing/PrimitivasTicket.h"
+#include "server/Conversiones.h"
 #include "shell/ModuloPrincipal.h"
 
 namespace {
@@ -27,7 +27,7 @@ bool bloqueEstado(EscritorTicketDW& t, const Pedido& p, bool mostrarHora) {
             linea(p.TiempoEstimado + QStringLiteral(" Minutos"));
             return false;
         }
-        const auto minutos = conv_ep::Valor(p.TiempoEstimado);
+        const auto minutos = clasico::Valor(p.TiempoEstimado);
         if (!minutos) {
             throw ErrorEjecucion(ErrorEjecucion::NoCoincidenLosTipos);
         }
@@ -86,8 +86,8 @@ void ImprimirTicketDW(ModuloPrincipal& m, ImpresoraDW& impresora, const ClassCon
         t.hueco();
         t.partir(QStringLiteral("Total Bruto: ") + p.TotalBruto);
     }
-    if (conv_ep::EsNumerico(p.ComisionPaypal) &&
-        conv_ep::Valor(QString(p.ComisionPaypal).remove(u'€')).value_or(0.0) > 0.0) {
+    if (clasico::IsNumeric(p.ComisionPaypal) &&
+        clasico::Valor(QString(p.ComisionPaypal).remove(u'€')).value_or(0.0) > 0.0) {
         t.hueco();
         t.partir(QStringLiteral("Comisión Paypal: ") + p.ComisionPaypal);
     }
@@ -142,7 +142,7 @@ void ImprimirTicketDW(ModuloPrincipal& m, ImpresoraDW& impresora, const ClassCon
 
     t.grande();
     if (mostrarHora && estado::esAceptado(p.Estado) && !p.TiempoEstimado.isEmpty() &&
-        conv_ep::EsNumerico(p.TiempoEstimado)) {
+        clasico::IsNumeric(p.TiempoEstimado)) {
         t.grande();
         t.partir(HoraEntregaEstimada(p));
     }

@@ -2,12 +2,12 @@
 
 #include "platform/ErrorEjecucion.h"
 #include "printing/CanalEP.h"
-#include "printing/ConversionesEP.h"
 #include "printing/EscritorTicketEP.h"
 #include "printing/MarcoTicketEP.h"
 #include "printing/PrimitivasTicket.h"
 #include "printing/SalidaEP.h"
 #include "printing/TablasCaracteresEP.h"
+#include "server/Conversiones.h"
 #include "shell/ModuloPrincipal.h"
 
 namespace {
@@ -27,11 +27,11 @@ void productos(EscritorTicketEP& t, const Pedido& p, const ClassConfigImpresora&
             precio = QuitarCaracEsp(precio);
             texto = QuitarCaracEsp(texto);
         }
-        const QStringList piezas = conv_ep::Partir(texto, QStringLiteral(" - "), 2);
+        const QStringList piezas = clasico::Split(texto, QStringLiteral(" - "), 2);
         QString cabeza = piezas.value(0);
         const int r = HuecoUltimaLinea(cabeza.size(), w);
         if (imp.ProductosYComentariosMayus) {
-            cabeza = conv_ep::Mayusculas(cabeza);
+            cabeza = clasico::UCase(cabeza);
         }
         t.cabezaYPrecio(cabeza, precio, r, w);
         if (piezas.size() > 1) {
@@ -40,7 +40,7 @@ void productos(EscritorTicketEP& t, const Pedido& p, const ClassConfigImpresora&
                 opciones = ReformatearOpciones(opciones);
             }
             if (imp.ProductosYComentariosMayus) {
-                opciones = conv_ep::Mayusculas(opciones);
+                opciones = clasico::UCase(opciones);
             }
             t.escribirLinea(opciones);
         }
@@ -57,7 +57,7 @@ void bloqueEstado(EscritorTicketEP& t, Pedido& p, ClassConfigImpresora& imp) {
             t.linea(p.Estado);
             t.lineaTexto(p.TiempoEstimado + QStringLiteral(" Minutos"));
         } else {
-            const auto minutos = conv_ep::Valor(p.TiempoEstimado);
+            const auto minutos = clasico::Valor(p.TiempoEstimado);
             if (!minutos) {
                 throw ErrorEjecucion(ErrorEjecucion::NoCoincidenLosTipos);
             }
@@ -109,7 +109,7 @@ void escribirTicket(ModuloPrincipal& m, CanalEP& canal, ClassConfigImpresora& im
             t.grande();
         }
         if (imp.ProductosYComentariosMayus) {
-            t.lineaTexto(conv_ep::Mayusculas(p.Comentarios));
+            t.lineaTexto(clasico::UCase(p.Comentarios));
         } else {
             t.linea(p.Comentarios);
         }
@@ -120,8 +120,8 @@ void escribirTicket(ModuloPrincipal& m, CanalEP& canal, ClassConfigImpresora& im
     if (imp.MostrarTotalBruto) {
         t.lineaTexto(QStringLiteral("Total Bruto: ") + p.TotalBruto);
     }
-    if (conv_ep::EsNumerico(p.ComisionPaypal) &&
-        conv_ep::Valor(QString(p.ComisionPaypal).remove(u'€')).value_or(0.0) > 0.0) {
+    if (clasico::IsNumeric(p.ComisionPaypal) &&
+        clasico::Valor(QString(p.ComisionPaypal).remove(u'€')).value_or(0.0) > 0.0) {
         t.lineaTexto(QStringLiteral("Comisión Paypal: ") + p.ComisionPaypal);
     }
     t.lineaTexto(QStringLiteral("Descuento: ") + p.ImporteDescuento);
@@ -178,7 +178,7 @@ void escribirTicket(ModuloPrincipal& m, CanalEP& canal, ClassConfigImpresora& im
 
     t.grande();
     if (estado::esAceptado(p.Estado) && !p.TiempoEstimado.isEmpty() &&
-        conv_ep::EsNumerico(p.TiempoEstimado) && imp.MostrarHoraEntrega) {
+        clasico::IsNumeric(p.TiempoEstimado) && imp.MostrarHoraEntrega) {
         t.grande();
         t.lineaTexto(HoraEntregaEstimada(p));
     }

@@ -2,11 +2,11 @@
 
 #include "orders/Pedido.h"
 #include "platform/ErrorEjecucion.h"
-#include "printing/ConversionesEP.h"
 #include "printing/EscritorTicketDW.h"
 #include "printing/EscritorTicketEP.h"
 #include "printing/ImpresoraDW.h"
 #include "printing/PrimitivasTicket.h"
+#include "server/Conversiones.h"
 #include "shell/ModuloPrincipal.h"
 
 namespace {
@@ -20,7 +20,7 @@ bool esDeEstaImpresora(qint32 id, const QStringList& categorias) {
         return true;
     }
     for (const QString& c : categorias) {
-        const auto v = conv_ep::Valor(c);
+        const auto v = clasico::Valor(c);
         if (!v) {
             throw ErrorEjecucion(ErrorEjecucion::NoCoincidenLosTipos);
         }
@@ -81,8 +81,8 @@ void pie(ModuloPrincipal& m, EscritorTicketDW& t, const ClassConfigImpresora& im
                  (p.FormaEntrega == Recogen ? Recogen : QStringLiteral("Envío a Dom.")));
     }
     if (imp.MostrarHoraEntrega && !p.TiempoEstimado.isEmpty() &&
-        conv_ep::EsNumerico(p.TiempoEstimado) &&
-        conv_ep::Valor(p.TiempoEstimado).value_or(0.0) > 0.0) {
+        clasico::IsNumeric(p.TiempoEstimado) &&
+        clasico::Valor(p.TiempoEstimado).value_or(0.0) > 0.0) {
         t.separador();
         t.grande();
         t.partir(HoraEntregaEstimada(p));
@@ -103,7 +103,7 @@ void ImprimirTicketCocinaDW(ModuloPrincipal& m, ImpresoraDW& impresora,
     if (imp.FormaEnvio == 2 && p.FormaEntrega != Recogen) {
         return;
     }
-    const QStringList categorias = conv_ep::Partir(imp.CategoriasIds, QStringLiteral(","));
+    const QStringList categorias = clasico::Split(imp.CategoriasIds, QStringLiteral(","));
     EscritorTicketDW t(m, impresora, imp);
     bool cabeceraHecha = false;
     for (const ProductoPedido& prod : p.Productos) {

@@ -2,11 +2,11 @@
 
 #include "platform/ErrorEjecucion.h"
 #include "printing/CanalEP.h"
-#include "printing/ConversionesEP.h"
 #include "printing/EscritorTicketEP.h"
 #include "printing/MarcoTicketEP.h"
 #include "printing/PrimitivasTicket.h"
 #include "printing/TablasCaracteresEP.h"
+#include "server/Conversiones.h"
 #include "shell/ModuloPrincipal.h"
 
 #include <limits>
@@ -26,8 +26,8 @@ using ListaIds = QList<std::optional<double>>;
 
 ListaIds leerLista(const QString& texto) {
     ListaIds lista;
-    for (const QString& n : conv_ep::Partir(texto, QStringLiteral(","))) {
-        lista.append(conv_ep::Valor(n));
+    for (const QString& n : clasico::Split(texto, QStringLiteral(","))) {
+        lista.append(clasico::Valor(n));
     }
     return lista;
 }
@@ -111,7 +111,7 @@ private:
         }
         antesDeLinea();
         if (imp_.ProductosYComentariosMayus) {
-            linea = conv_ep::Mayusculas(linea);
+            linea = clasico::UCase(linea);
         }
         if (imp_.MostrarPreciosProdCocina) {
             t_.cabezaYPrecio(linea, precio, r, w_);
@@ -124,8 +124,8 @@ private:
     void opciones(const ProductoPedido& prod) {
         // Every item cut into its fields once; a missing field fails where it is read.
         QList<QStringList> items;
-        for (const QString& item : conv_ep::Partir(prod.Opciones, QStringLiteral("&&"))) {
-            items.append(conv_ep::Partir(item, QStringLiteral("//")));
+        for (const QString& item : clasico::Split(prod.Opciones, QStringLiteral("&&"))) {
+            items.append(clasico::Split(item, QStringLiteral("//")));
         }
         for (const QStringList& campos : items) {
             if (pieza(campos, 0) == u"TEXTOLIBRE") {
@@ -142,14 +142,14 @@ private:
                 antesDeLinea();
                 QString texto = pieza(campos, 1);
                 if (imp_.ProductosYComentariosMayus) {
-                    texto = conv_ep::Mayusculas(texto);
+                    texto = clasico::UCase(texto);
                 }
                 t_.escribirLinea(texto);
                 t_.normal();
             } else if (pieza(campos, 0) == imp_.NombreImpresora) {
-                const qint64 unidades = conv_ep::AEntero(pieza(campos, 1), -32768, 32767);
-                const qint64 total =
-                    conv_ep::AEntero(static_cast<double>(prod.Cantidad * unidades), -32768, 32767);
+                const qint64 unidades = clasico::EnteroEnIntervalo(pieza(campos, 1), -32768, 32767);
+                const qint64 total = clasico::EnteroEnIntervalo(
+                    static_cast<double>(prod.Cantidad * unidades), -32768, 32767);
                 QString linea = QString::number(total) + QStringLiteral(" X ") + pieza(campos, 2);
                 if (imp_.SaltoLineaOpciones) {
                     linea = ReformatearOpciones(linea);
@@ -160,7 +160,7 @@ private:
                 }
                 antesDeLinea();
                 if (imp_.ProductosYComentariosMayus) {
-                    linea = conv_ep::Mayusculas(linea);
+                    linea = clasico::UCase(linea);
                 }
                 t_.escribirLinea(linea);
                 t_.normal();
@@ -223,7 +223,7 @@ private:
                 t_.grande();
             }
             if (imp_.ProductosYComentariosMayus) {
-                t_.lineaTexto(conv_ep::Mayusculas(p_.Comentarios));
+                t_.lineaTexto(clasico::UCase(p_.Comentarios));
             } else {
                 t_.linea(p_.Comentarios);
             }
@@ -249,7 +249,7 @@ private:
                                                          : QStringLiteral("Envío a Dom.")));
         }
         if (imp_.MostrarHoraEntrega && !p_.TiempoEstimado.isEmpty() &&
-            conv_ep::Valor(p_.TiempoEstimado).value_or(0.0) > 0.0) {
+            clasico::Valor(p_.TiempoEstimado).value_or(0.0) > 0.0) {
             t_.normal();
             t_.separador();
             t_.grande();

@@ -5,6 +5,8 @@
 
 #include <QTimeZone>
 #include <array>
+#include <cmath>
+#include <limits>
 #include <string>
 
 namespace clasico {
@@ -365,6 +367,37 @@ bool operator==(const Decimal& a, const Decimal& b) {
 
 bool IsNumeric(QStringView texto) {
     return analizar(texto).has_value();
+}
+
+std::optional<double> Valor(QStringView texto) {
+    if (!IsNumeric(texto)) {
+        return std::nullopt;
+    }
+    try {
+        if (const auto d = Decimal::leer(texto)) {
+            return d->aDouble();
+        }
+    } catch (const ErrorEjecucion&) {
+        // Beyond the decimal range: still a number, as a double reads it.
+        return std::numeric_limits<double>::infinity();
+    }
+    return std::nullopt;
+}
+
+qint64 EnteroEnIntervalo(double valor, qint64 minimo, qint64 maximo) {
+    const double r = std::nearbyint(valor); // the default rounding mode: half to even
+    if (!std::isfinite(r) || r < static_cast<double>(minimo) || r > static_cast<double>(maximo)) {
+        throw ErrorEjecucion(ErrorEjecucion::Desbordamiento);
+    }
+    return static_cast<qint64>(r);
+}
+
+qint64 EnteroEnIntervalo(QStringView texto, qint64 minimo, qint64 maximo) {
+    const qint64 v = Decimal::desdeTexto(texto).aEntero32();
+    if (v < minimo || v > maximo) {
+        throw ErrorEjecucion(ErrorEjecucion::Desbordamiento);
+    }
+    return v;
 }
 
 Decimal CDec(QStringView texto) {

@@ -69,6 +69,14 @@ private:
 // It tests the form only: "1e400" passes, and its conversion is then error 6.
 bool IsNumeric(QStringView texto);
 
+// The value of a numeric text as a double (CDbl), nothing when the text is no number.
+std::optional<double> Valor(QStringView texto);
+
+// A whole number in [minimo, maximo], rounded half to even (the classic CByte, CInt, CLng
+// with their own ranges): error 13 for a text that is no number, 6 outside the range.
+qint64 EnteroEnIntervalo(QStringView texto, qint64 minimo, qint64 maximo);
+qint64 EnteroEnIntervalo(double valor, qint64 minimo, qint64 maximo);
+
 // Text to whole numbers, rounded half to even: error 13 when the text is no number,
 // error 6 when the value does not fit.
 qint16 CInt(QStringView texto);
