@@ -1,4 +1,5 @@
 #include "common/Entorno.h"
+#include "common/NumeroDeError.h"
 #include "orders/AceptacionAutomatica.h"
 #include "orders/PartirEnLineas.h"
 #include "orders/VistaPedido.h"
@@ -7,15 +8,6 @@
 #include <gtest/gtest.h>
 
 namespace {
-
-int numeroDeError(const std::function<void()>& f) {
-    try {
-        f();
-    } catch (const ErrorEjecucion& e) {
-        return e.numero();
-    }
-    return 0;
-}
 
 unsigned rgb(unsigned r, unsigned g, unsigned b) {
     return r + g * 256 + b * 65536;

@@ -1,5 +1,6 @@
 // Command settings, the character tables and the line writer, checked byte by byte.
 #include "common/CapturaEP.h"
+#include "common/NumeroDeError.h"
 #include "platform/ErrorEjecucion.h"
 #include "platform/Windows1252.h"
 #include "printing/SalidaEP.h"
@@ -11,15 +12,6 @@ namespace {
 
 QByteArray hex(const char* h) {
     return QByteArray::fromHex(h);
-}
-
-int numeroError(const std::function<void()>& f) {
-    try {
-        f();
-    } catch (const ErrorEjecucion& e) {
-        return e.numero();
-    }
-    return 0;
 }
 
 TEST(ComandosEP, CadaAjusteDaSusBytes) {
@@ -38,11 +30,11 @@ TEST(ComandosEP, VacioOMasDeSeisNoEnviaNadaNiFalla) {
 }
 
 TEST(ComandosEP, PiezaNoNumericaOFueraDeByteEsErrorDeEjecucion) {
-    EXPECT_EQ(numeroError([] { BytesComandoEP("27,x"); }), 13);
-    EXPECT_EQ(numeroError([] { BytesComandoEP("27,,48"); }), 13);
-    EXPECT_EQ(numeroError([] { BytesComandoEP("27/33"); }), 13) << "no split at '/'";
-    EXPECT_EQ(numeroError([] { BytesComandoEP("27,256"); }), 6);
-    EXPECT_EQ(numeroError([] { BytesComandoEP("-1"); }), 6);
+    EXPECT_EQ(numeroDeError([] { BytesComandoEP("27,x"); }), 13);
+    EXPECT_EQ(numeroDeError([] { BytesComandoEP("27,,48"); }), 13);
+    EXPECT_EQ(numeroDeError([] { BytesComandoEP("27/33"); }), 13) << "no split at '/'";
+    EXPECT_EQ(numeroDeError([] { BytesComandoEP("27,256"); }), 6);
+    EXPECT_EQ(numeroDeError([] { BytesComandoEP("-1"); }), 6);
 }
 
 TEST(TablasEP, QuitarCaracEspDejaTextoLlano) {
@@ -139,9 +131,9 @@ TEST(CanalEP, UnSoloTicketAbiertoALaVez) {
     ModuloPrincipal m;
     CapturaEP captura(m);
     CanalEP& canal = m.canalEP();
-    EXPECT_EQ(numeroError([&] { canal.Escribir("x"); }), 52) << "nothing open";
+    EXPECT_EQ(numeroDeError([&] { canal.Escribir("x"); }), 52) << "nothing open";
     canal.Abrir("uno");
-    EXPECT_EQ(numeroError([&] { canal.Abrir("dos"); }), 55);
+    EXPECT_EQ(numeroDeError([&] { canal.Abrir("dos"); }), 55);
     canal.Escribir("ab");
     canal.Cerrar();
     canal.Cerrar(); // closing a closed channel does nothing

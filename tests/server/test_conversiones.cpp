@@ -1,4 +1,5 @@
 #include "common/ImprimirQString.h"
+#include "common/NumeroDeError.h"
 #include "platform/ErrorEjecucion.h"
 #include "server/Conversiones.h"
 
@@ -6,19 +7,6 @@
 #include <gtest/gtest.h>
 
 using clasico::Decimal;
-
-namespace {
-
-int numeroDeError(const std::function<void()>& accion) {
-    try {
-        accion();
-    } catch (const ErrorEjecucion& e) {
-        return e.numero();
-    }
-    return 0;
-}
-
-} // namespace
 
 TEST(IsNumeric, FormasEspannolasAceptadas) {
     for (const char* t :

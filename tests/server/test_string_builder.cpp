@@ -1,22 +1,10 @@
 #include "common/ImprimirQString.h"
+#include "common/NumeroDeError.h"
 #include "platform/ErrorEjecucion.h"
 #include "server/cStringBuilder.h"
 
 #include <functional>
 #include <gtest/gtest.h>
-
-namespace {
-
-int numeroDeError(const std::function<void()>& accion) {
-    try {
-        accion();
-    } catch (const ErrorEjecucion& e) {
-        return e.numero();
-    }
-    return 0;
-}
-
-} // namespace
 
 TEST(cStringBuilder, CapacidadPorTrozos) {
     cStringBuilder sb;

@@ -1,4 +1,5 @@
 #include "common/ImprimirQString.h"
+#include "common/NumeroDeError.h"
 #include "platform/ErrorEjecucion.h"
 #include "server/CifradoAjustes.h"
 #include "shell/ArchivosLocales.h"
@@ -43,14 +44,6 @@ protected:
         QFile f(ruta(nombre));
         ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
         f.write(datos);
-    }
-    static int numeroDeError(const std::function<void()>& accion) {
-        try {
-            accion();
-        } catch (const ErrorEjecucion& e) {
-            return e.numero();
-        }
-        return 0;
     }
 
     QTemporaryDir carpeta;
