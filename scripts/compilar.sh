@@ -7,7 +7,7 @@ sabor="${1:-normal}"
 shift || true
 
 case "$sabor" in
-    normal) opciones=(-DCMAKE_BUILD_TYPE=RelWithDebInfo) ;;
+    normal) opciones=(-DCMAKE_BUILD_TYPE=Release) ;;
     sanitizadores) opciones=(-DCMAKE_BUILD_TYPE=Debug -DTARVIMENTA_SANITIZERS=ON -DTARVIMENTA_BENCH=OFF) ;;
     fuzz) opciones=(-DCMAKE_BUILD_TYPE=RelWithDebInfo -DTARVIMENTA_FUZZ=ON
                     -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_C_COMPILER=clang) ;;
