@@ -3,7 +3,6 @@
 #include "common/ReproductorGrabador.h"
 #include "shell/ModuloPrincipal.h"
 #include "sound/AlertaSonora.h"
-#include "sound/RutasArchivo.h"
 
 #include <QDir>
 #include <QFile>
@@ -145,27 +144,6 @@ TEST_F(AlertaSonoraTest, SinExtensionAlReproducirAvisaYTocaLaDeReserva) {
     }
 }
 
-TEST_F(AlertaSonoraTest, DetenerParaElReproductorDelModoActual) {
-    const QString bolero = ruta(QStringLiteral("bolero.wav"));
-    m.TipoReproAudio = 0;
-    s.PrepararMelodia();
-    s.DetenerSonido();
-    EXPECT_EQ(mci->llamadas, QStringList{QStringLiteral("detener ") + bolero});
-    EXPECT_TRUE(wmp->llamadas.isEmpty());
-    EXPECT_EQ(info, QStringList{QString()});
-    EXPECT_EQ(musica, QStringList{QStringLiteral("Reproducir Música")});
-
-    // The mode at the time of the stop decides: a melody started by the media player is
-    // not stopped after the setting has moved to mode 0.
-    olvidar();
-    m.TipoReproAudio = 1;
-    s.ReproducirSonido();
-    m.TipoReproAudio = 0;
-    s.DetenerSonido();
-    EXPECT_EQ(wmp->llamadas, QStringList{QStringLiteral("reproducir ") + bolero});
-    EXPECT_EQ(mci->llamadas, QStringList{QStringLiteral("detener ") + bolero});
-}
-
 TEST_F(AlertaSonoraTest, ConSonidoCanceladoNadaSeTocaNiSeRepite) {
     m.CancelarSonido = true;
     m.PedidoNuevoPendiente = true;
@@ -232,22 +210,6 @@ TEST_F(AlertaSonoraTest, MenuMusicaDecidePorLaVariableNoPorElRotulo) {
     wmp->fallo = 5;
     s.alternarMusica();
     EXPECT_FALSE(s.musicaSonando());
-}
-
-TEST_F(AlertaSonoraTest, VolumenSoloEnModoReproductorDeMediosSalvoElDeslizador) {
-    m.VolumenMelodiaWmp = 35;
-    m.TipoReproAudio = 0;
-    s.PrepararMelodiaYVolumen();
-    EXPECT_TRUE(wmp->llamadas.isEmpty());
-    m.TipoReproAudio = 1;
-    s.PrepararMelodiaYVolumen();
-    EXPECT_EQ(wmp->llamadas, QStringList{QStringLiteral("volumen 35")});
-    EXPECT_EQ(s.RutaMelodia(), ruta(QStringLiteral("bolero.wav")));
-    // The slider goes straight to the media player whatever the mode.
-    m.TipoReproAudio = 0;
-    s.setVolumenReproductor(60);
-    EXPECT_EQ(wmp->llamadas.last(), QStringLiteral("volumen 60"));
-    EXPECT_TRUE(mci->llamadas.isEmpty());
 }
 
 // --- the repeat of TimerMusica --------------------------------------------------------
@@ -323,29 +285,6 @@ TEST_F(AlertaSonoraTest, RepeticionSegunModoYEstadoDelReproductor) {
     s.tickMusica();
     EXPECT_TRUE(mci->llamadas.isEmpty());
     EXPECT_TRUE(wmp->llamadas.isEmpty());
-}
-
-TEST(RutasArchivo, AtributosSiguenLasReglasClasicas) {
-    QTemporaryDir dir;
-    ASSERT_TRUE(dir.isValid());
-    const QString archivo = dir.filePath(QStringLiteral("a.mp3"));
-    QFile f(archivo);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.close();
-    ASSERT_TRUE(QDir(dir.path()).mkdir(QStringLiteral("sub")));
-    ASSERT_TRUE(QDir(dir.path()).mkdir(QStringLiteral(".oculta")));
-    const QString falta = dir.filePath(QStringLiteral("falta.mp3"));
-
-    EXPECT_TRUE(rutas::ExisteArchivo(archivo));
-    EXPECT_FALSE(rutas::ExisteArchivo(dir.filePath(QStringLiteral("sub"))));
-    EXPECT_TRUE(rutas::ExisteArchivo(dir.filePath(QStringLiteral(".oculta"))));
-    EXPECT_FALSE(rutas::ExisteArchivo(falta));
-    EXPECT_FALSE(rutas::ExisteArchivo(QString()));
-    EXPECT_EQ(rutas::Atributos(falta), -1);
-
-    EXPECT_EQ(rutas::RutaCorta(archivo), archivo);
-    EXPECT_EQ(rutas::RutaCorta(falta), QString());
-    EXPECT_EQ(rutas::RutaCorta(dir.path()), dir.path());
 }
 
 } // namespace
