@@ -287,7 +287,10 @@ TEST_F(Respuestas, RechazoConMotivoYTextoOSoloTexto) {
     EXPECT_EQ(v.comMotivoRechazo()->currentIndex(), 0);
     EXPECT_TRUE(v.txtMasInfoRechazo()->text().isEmpty());
     v.txtMasInfoRechazo()->setText(QStringLiteral("Nos falta repartidor"));
+    m.MinimizarTrasResp = true;
+    EXPECT_FALSE(f->windowState().testFlag(Qt::WindowMinimized));
     pulsar(&v, "butRechazar");
+    EXPECT_TRUE(f->windowState().testFlag(Qt::WindowMinimized));
     ASSERT_EQ(respuestas().size(), 2);
     EXPECT_EQ(respuestas()[1], QStringLiteral("a=41&o=5003&ak=Rejected&m=Nos%20falta%20"
                                               "repartidor&dt=nousado&u=nousado&p=pg7"));
