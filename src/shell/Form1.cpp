@@ -3,6 +3,7 @@
 #include "orders/AceptacionAutomatica.h"
 #include "orders/FormPedidoNuevo.h"
 #include "orders/RegistroPedido.h"
+#include "orders/RespuestasPedido_ui.h"
 #include "orders/Sondeo.h"
 #include "orders/VentanaPedido_ui.h"
 #include "platform/CajaMensajes.h"
@@ -113,6 +114,8 @@ Form1::Form1(ModuloPrincipal& m, QStringList palabras, QWidget* padre)
     connect(timerConfig_, &Temporizador::tick, this,
             [this] { protegido([this] { tickConfig(); }); });
     instalarSonido();
+    // An order accepted without a window goes through the same answer as one accepted by hand.
+    AceptarPedido = [this] { respuestasPedido().AceptarPedido(); };
 
     // The end of the user's session closes the desk without asking.
     connect(qApp, &QGuiApplication::commitDataRequest, this,
@@ -250,8 +253,17 @@ FormPedidoNuevo& Form1::formPedidoNuevo() {
     if (formPedidoNuevo_ == nullptr) {
         // A window of its own, owned by the main window.
         formPedidoNuevo_ = new FormPedidoNuevo(m_, this);
+        RespuestasPedido::Escritorio escritorio;
+        escritorio.reanudarSondeo = [this] { timerPedidos_->setEnabled(true); };
+        escritorio.minimizar = [this] { showMinimized(); };
+        respuestas_ = new RespuestasPedido(m_, *formPedidoNuevo_, std::move(escritorio), this);
     }
     return *formPedidoNuevo_;
+}
+
+RespuestasPedido& Form1::respuestasPedido() {
+    formPedidoNuevo();
+    return *respuestas_;
 }
 
 void Form1::construirMenu() {
@@ -412,8 +424,11 @@ void Form1::AplicarAVentanasDePedido() {
                                      m_.NombreEstablecimiento);
 }
 
+void Form1::RellenarMotivosRechazo() {
+    respuestasPedido().RellenarMotivosRechazo();
+}
+
 // Where later windows and modules plug in; nothing of theirs exists yet.
-void Form1::RellenarMotivosRechazo() {}
 void Form1::CargarCarta() {}
 void Form1::ComprobarActualizacionAutomatica() {}
 

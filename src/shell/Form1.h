@@ -15,6 +15,7 @@ class QAction;
 class QMenu;
 class FormPedidoNuevo;
 class FormAdmin;
+class RespuestasPedido;
 
 // The main window: the anchor of the whole desk from start to end. It owns the five
 // timers that drive every repeating activity and shows who the desk is, whether the
@@ -39,6 +40,8 @@ public:
     // The new-order window, made on first use and kept to the end.
     FormPedidoNuevo& formPedidoNuevo();
     FormPedidoNuevo* formPedidoNuevoSiExiste() const { return formPedidoNuevo_; }
+    // The answer flow of the order on screen (its windows come with the new-order window).
+    RespuestasPedido& respuestasPedido();
     // The acceptance of an order without a window (automatic acceptance). While it is not
     // set, every order goes on screen.
     std::function<void()> AceptarPedido;
@@ -111,5 +114,6 @@ private:
     QMenu* menu_ = nullptr;
     QAction* accionMusica_ = nullptr;
     FormPedidoNuevo* formPedidoNuevo_ = nullptr;
+    RespuestasPedido* respuestas_ = nullptr;
     FormAdmin* formAdmin_ = nullptr;
 };

@@ -1,0 +1,397 @@
+// Answering an order by hand, as the staff do, against the stand-in service over loopback.
+// The service records queries as they came over the wire: blanks as %20, others raw.
+#include "common/CapturaEP.h"
+#include "common/ReproductorGrabador.h"
+#include "common/SimuladorPrueba.h"
+#include "orders/FormAceptarPedido.h"
+#include "orders/FormPedidoNuevo.h"
+#include "orders/FormRechazarPedido.h"
+#include "orders/RespuestaPedido.h"
+#include "orders/RespuestasPedido_ui.h"
+#include "platform/CajaMensajes.h"
+#include "platform/Temporizador.h"
+#include "platform/Windows1252.h"
+#include "shell/Form1.h"
+#include "shell/ModuloPrincipal.h"
+#include "sound/AlertaSonora.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QTreeWidget>
+#include <gtest/gtest.h>
+
+namespace rp = respuesta_pedido;
+
+namespace {
+
+const QString kPoll = QStringLiteral("pedidosgprs/pedidosnuevos");
+const QString kRespuesta = QStringLiteral("pedidosgprs/respuestapedidos");
+const QString kSinConexion = QStringLiteral(
+    "No se ha podido responder al pedido porque no hay conexión, por favor, compruebe su "
+    "conexión a Internet y vuelva a intentarlo.");
+
+const QString kDomicilio = QStringLiteral(
+    "#PED*web*5001*2%Pizza Cuatro Quesos%23.00%101%12;1%Tarta de queso%4.50%150%15;*2.00*0.00;"
+    "29.50;88;María Núñez;Calle Mayor 5;14/11/2026 21:02%%Para: Ahora;4;6;Tarjeta;600111222;"
+    "Pendiente;;;0.35;;0;29.85;*Timbre roto#");
+const QString kProgramado = QStringLiteral(
+    "#PED*web*5002*1%Hamburguesa clásica%9.90%201%13;*0.00*0.00;9.90;89;Jorge Peña;Recogen;"
+    "14/11/2026 18:40%%Para: 21:30%%Sábado 15%%n;0;6;PayPal;611222333;Pendiente;;;0.00;;1;"
+    "9.90;*#");
+const QString kEfectivo = QStringLiteral(
+    "#PED*web*5003*3%Croquetas caseras%7.50%301%11;*1.50*1.00;8.00;90;Ana Ruiz;Avda. Sol 3;"
+    "14/11/2026 21:10%%Para: Ahora;0;1;Efectivo Cambio: 50;622333444;Pendiente;;;0.00;0;0;"
+    "8.50;*#");
+
+struct Respuestas : ::testing::Test {
+    QTemporaryDir carpeta;
+    SimuladorPrueba sim;
+    ModuloPrincipal m;
+    CapturaEP captura{m};
+    RegistroCajas* cajas = nullptr;
+    std::shared_ptr<ReproductorGrabador::Registro> sonido =
+        std::make_shared<ReproductorGrabador::Registro>();
+    std::unique_ptr<Form1> f;
+
+    void SetUp() override {
+        ASSERT_TRUE(sim.enMarcha());
+        auto c = std::make_unique<RegistroCajas>();
+        cajas = c.get();
+        m.setCajas(std::move(c));
+        m.setServidor(sim.base());
+        m.CarpetaDatos = carpeta.path();
+        m.CarpetaAplicacion = QStringLiteral(CARPETA_BIN);
+        m.RestId = 41;
+        m.Pgprs = QStringLiteral("pg7");
+        m.NombreEstablecimiento = QStringLiteral("Pizzería Sol");
+        m.IntervaloEscaneoPedido = 600000;
+        m.TamannoFuentePrincipales = 8;
+        m.MelodiaPedNuevo = QStringLiteral("telefon1.wav");
+        m.MotivosRechazo = {QStringLiteral("Cerrado por hoy"), rp::NoHayIngredientes};
+        ClassConfigImpresora& i = m.Impresora(1);
+        i.TipoImpresion = QStringLiteral("EP");
+        i.NombreImpresora = QStringLiteral("Mostrador");
+        i.EPConexion = QStringLiteral("mostrador");
+        i.EPNumColumnas = 48;
+        i.NumeroCopiasAceptado = 2;
+        i.NumeroCopiasAceptadoRecoger = -1;
+        i.NumeroCopiasRechazado = 1;
+        f = std::make_unique<Form1>(m, QStringList{});
+        m.sonido().setReproductores(std::make_unique<ReproductorGrabador>(sonido),
+                                    std::make_unique<ReproductorGrabador>(
+                                        std::make_shared<ReproductorGrabador::Registro>()));
+        f->AplicarConfiguracion();
+        f->TimerMusica().setEnabled(false);
+    }
+
+    void llega(const QString& linea) {
+        sim.encolar(kPoll, {linea});
+        f->ComprobarPedidosNuevos();
+    }
+    RespuestasPedido& r() { return f->respuestasPedido(); }
+    FormPedidoNuevo& nuevo() { return f->formPedidoNuevo(); }
+    FormAceptarPedido& minutos() { return r().formAceptarPedido(); }
+    FormRechazarPedido& rechazo() { return r().formRechazarPedido(); }
+
+    static void pulsar(QWidget* en, const char* nombre) {
+        auto* b = en->findChild<QPushButton*>(QLatin1String(nombre));
+        ASSERT_NE(b, nullptr) << nombre;
+        QTest::mouseClick(b, Qt::LeftButton);
+    }
+    // The queries of every answer sent, without the stamp.
+    QStringList respuestas() {
+        QStringList r;
+        for (const auto& e : sim.registro()) {
+            if (e.ruta == kRespuesta && !e.reenvio) {
+                r << e.consulta.left(e.consulta.indexOf(QStringLiteral("&fha=")));
+            }
+        }
+        return r;
+    }
+    int tickets() const { return captura.cierres(QStringLiteral("mostrador")); }
+    int detenciones() const {
+        return static_cast<int>(sonido->llamadas.filter(QStringLiteral("detener ")).size());
+    }
+};
+
+} // namespace
+
+TEST_F(Respuestas, AceptarConMinutosResponde20YVuelveASondear) {
+    llega(kDomicilio);
+    pulsar(&nuevo(), "Aceptar");
+    EXPECT_FALSE(nuevo().isVisible());
+    ASSERT_TRUE(minutos().isVisible());
+    EXPECT_TRUE(minutos().windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    EXPECT_TRUE(nuevo().TimerSilenciar().enabled());
+    // "No especificar" only when the service allows it.
+    EXPECT_TRUE(minutos().AceptarMinutos(15)->isVisible());
+    EXPECT_FALSE(minutos().AceptarMinutos(16)->isVisible());
+    EXPECT_EQ(minutos().AceptarMinutos(3)->text(), QStringLiteral("20 minutos"));
+    EXPECT_TRUE(respuestas().isEmpty());
+
+    const int detenidoAntes = detenciones();
+    QTest::mouseClick(minutos().AceptarMinutos(3), Qt::LeftButton);
+    EXPECT_EQ(respuestas(),
+              QStringList{"a=41&o=5001&ak=Accepted&m=20_Minutos&dt=nousado&u=nousado&p=pg7"});
+    EXPECT_FALSE(minutos().isVisible());
+    EXPECT_FALSE(nuevo().isVisible());
+    EXPECT_FALSE(m.PedidoNuevoPendiente);
+    EXPECT_FALSE(minutos().Respondiendo);
+    EXPECT_TRUE(f->TimerPedidos().enabled());
+    EXPECT_FALSE(nuevo().TimerSilenciar().enabled());
+    EXPECT_GT(detenciones(), detenidoAntes);
+    EXPECT_EQ(m.PedidoActual.Estado, QStringLiteral("Aceptado"));
+    EXPECT_EQ(m.PedidoActual.TiempoEstimado, QStringLiteral("20"));
+    EXPECT_EQ(tickets(), 2);
+    EXPECT_TRUE(cajas->cajas().isEmpty());
+
+    // The poll timer alone brings the next order up.
+    sim.encolar(kPoll, {kEfectivo});
+    f->TimerPedidos().disparar();
+    EXPECT_TRUE(nuevo().isVisible());
+    EXPECT_EQ(m.UltimoIdPedido, QStringLiteral("5003"));
+}
+
+TEST_F(Respuestas, ProgramadoYNoEspecificarEnvianCeroMinutos) {
+    llega(kProgramado);
+    pulsar(&nuevo(), "Aceptar");
+    FormAceptarPedidoProg& prog = r().formAceptarPedidoProg();
+    ASSERT_TRUE(prog.isVisible());
+    EXPECT_FALSE(r().formAceptarPedido().isVisible());
+    EXPECT_EQ(prog.LabelParaProg()->text(),
+              nuevo().findChild<QLabel*>(QStringLiteral("labPara"))->text());
+    EXPECT_FALSE(prog.LabelParaProg()->text().isEmpty());
+    pulsar(&prog, "AceptarProgramado");
+    EXPECT_FALSE(prog.isVisible());
+
+    m.MostrarSinTiempo = true;
+    f->AplicarConfiguracion();
+    llega(kDomicilio);
+    pulsar(&nuevo(), "Aceptar");
+    ASSERT_TRUE(minutos().AceptarMinutos(16)->isVisible());
+    EXPECT_EQ(minutos().AceptarMinutos(16)->text(), QStringLiteral("No especificar"));
+    QTest::mouseClick(minutos().AceptarMinutos(16), Qt::LeftButton);
+    EXPECT_EQ(respuestas(),
+              (QStringList{"a=41&o=5002&ak=Accepted&m=0_Minutos&dt=nousado&u=nousado&p=pg7",
+                           "a=41&o=5001&ak=Accepted&m=0_Minutos&dt=nousado&u=nousado&p=pg7"}));
+}
+
+TEST_F(Respuestas, AtrasVuelveAlPedidoSinEnviarNada) {
+    llega(kDomicilio);
+    pulsar(&nuevo(), "Aceptar");
+    pulsar(&minutos(), "butCancelarAceptar");
+    EXPECT_FALSE(minutos().isVisible());
+    EXPECT_TRUE(nuevo().isVisible());
+    EXPECT_TRUE(m.PedidoNuevoPendiente);
+    EXPECT_TRUE(nuevo().TimerSilenciar().enabled());
+
+    pulsar(&nuevo(), "Rechazar");
+    ASSERT_TRUE(rechazo().isVisible());
+    pulsar(&rechazo(), "butCancelarRechazar");
+    EXPECT_FALSE(rechazo().isVisible());
+    EXPECT_TRUE(nuevo().isVisible());
+    EXPECT_TRUE(respuestas().isEmpty());
+    EXPECT_EQ(tickets(), 0);
+}
+
+TEST_F(Respuestas, UnErrorAlEnviarDejaLasVentanasYElSiguienteIntentoFunciona) {
+    m.ImprimirAntesAceptar = true;
+    llega(kDomicilio);
+    pulsar(&nuevo(), "Aceptar");
+    sim.fallo(QStringLiteral("error"), 0, 1, kRespuesta);
+    QTest::mouseClick(minutos().AceptarMinutos(0), Qt::LeftButton);
+    ASSERT_EQ(cajas->cajas().size(), 1);
+    EXPECT_EQ(cajas->cajas()[0].texto, kSinConexion);
+    EXPECT_EQ(cajas->cajas()[0].estilo, 0);
+    EXPECT_TRUE(minutos().isVisible());
+    EXPECT_TRUE(m.PedidoNuevoPendiente);
+    EXPECT_FALSE(minutos().Respondiendo);
+    EXPECT_FALSE(f->TimerPedidos().enabled());
+    EXPECT_EQ(tickets(), 2); // printed before the failed send
+
+    QTest::mouseClick(minutos().AceptarMinutos(0), Qt::LeftButton);
+    EXPECT_EQ(respuestas().size(), 2);
+    EXPECT_EQ(respuestas().last(),
+              QStringLiteral("a=41&o=5001&ak=Accepted&m=5_Minutos&dt=nousado&u=nousado&p=pg7"));
+    EXPECT_EQ(tickets(), 4); // and once more on the retry
+    EXPECT_FALSE(minutos().isVisible());
+    EXPECT_EQ(cajas->cajas().size(), 1);
+}
+
+TEST_F(Respuestas, DosPulsacionesRapidasEnvianUnaSolaRespuesta) {
+    llega(kDomicilio);
+    pulsar(&nuevo(), "Aceptar");
+    bool dentro = false;
+    // The second click lands while the first send waits for its reply.
+    sim.fallo(QStringLiteral("colgar"), 0.3, 1, kRespuesta);
+    QTimer::singleShot(50, &minutos(), [&] {
+        dentro = minutos().Respondiendo;
+        QTest::mouseClick(minutos().AceptarMinutos(5), Qt::LeftButton);
+    });
+    QTest::mouseClick(minutos().AceptarMinutos(3), Qt::LeftButton);
+    EXPECT_TRUE(dentro);
+    // The held reply ends as a failed send; only the first press went out.
+    EXPECT_EQ(respuestas(),
+              QStringList{"a=41&o=5001&ak=Accepted&m=20_Minutos&dt=nousado&u=nousado&p=pg7"});
+    ASSERT_EQ(cajas->cajas().size(), 1);
+    EXPECT_EQ(cajas->cajas()[0].texto, kSinConexion);
+    EXPECT_FALSE(minutos().Respondiendo);
+}
+
+TEST_F(Respuestas, RechazoConMotivoYTextoOSoloTexto) {
+    llega(kDomicilio);
+    pulsar(&nuevo(), "Rechazar");
+    FormRechazarPedido& v = rechazo();
+    ASSERT_TRUE(v.isVisible());
+    EXPECT_FALSE(nuevo().isVisible());
+    EXPECT_EQ(v.windowTitle(), QStringLiteral("Rechazar Pedido"));
+    EXPECT_EQ(v.butRechazar()->text(), QStringLiteral("Rechazar"));
+    EXPECT_TRUE(v.labInfoRechazoPago()->isVisible()); // a paid order
+    ASSERT_EQ(v.comMotivoRechazo()->count(), 3);
+    EXPECT_EQ(v.comMotivoRechazo()->itemText(0), rp::SinMotivo);
+    EXPECT_EQ(v.comMotivoRechazo()->itemText(1), QStringLiteral("Cerrado por hoy"));
+
+    // Neither a reason nor ten characters.
+    v.txtMasInfoRechazo()->setText(QStringLiteral("123456789"));
+    pulsar(&v, "butRechazar");
+    ASSERT_EQ(cajas->cajas().size(), 1);
+    EXPECT_EQ(cajas->cajas()[0].texto,
+              QStringLiteral("Debe indicar un motivo de rechazo o escribir al menos 10 "
+                             "caracteres en el campo Más información"));
+    EXPECT_TRUE(respuestas().isEmpty());
+
+    v.comMotivoRechazo()->setCurrentIndex(1);
+    v.txtMasInfoRechazo()->setText(QStringLiteral("Vuelva mañana"));
+    pulsar(&v, "butRechazar");
+    ASSERT_EQ(respuestas().size(), 1);
+    EXPECT_EQ(respuestas()[0],
+              QStringLiteral("a=41&o=5001&ak=Rejected&m=Cerrado%20por%20hoy%20Vuelva%20"
+                             "ma%F1ana&dt=nousado&u=nousado&p=pg7"));
+    EXPECT_FALSE(v.isVisible());
+    EXPECT_FALSE(nuevo().isVisible());
+    EXPECT_FALSE(m.PedidoNuevoPendiente);
+    EXPECT_TRUE(f->TimerPedidos().enabled());
+    EXPECT_FALSE(nuevo().TimerSilenciar().enabled());
+    EXPECT_EQ(m.PedidoActual.MotivoRechazo, QStringLiteral("Cerrado por hoy"));
+    EXPECT_EQ(tickets(), 1);
+
+    // Free text only: the text alone travels, the ticket shows the placeholder.
+    llega(kEfectivo);
+    pulsar(&nuevo(), "Rechazar");
+    EXPECT_FALSE(v.labInfoRechazoPago()->isVisible()); // not paid
+    EXPECT_EQ(v.comMotivoRechazo()->currentIndex(), 0);
+    EXPECT_TRUE(v.txtMasInfoRechazo()->text().isEmpty());
+    v.txtMasInfoRechazo()->setText(QStringLiteral("Nos falta repartidor"));
+    m.MinimizarTrasResp = true;
+    EXPECT_FALSE(f->windowState().testFlag(Qt::WindowMinimized));
+    pulsar(&v, "butRechazar");
+    EXPECT_TRUE(f->windowState().testFlag(Qt::WindowMinimized));
+    ASSERT_EQ(respuestas().size(), 2);
+    EXPECT_EQ(respuestas()[1], QStringLiteral("a=41&o=5003&ak=Rejected&m=Nos%20falta%20"
+                                              "repartidor&dt=nousado&u=nousado&p=pg7"));
+    EXPECT_EQ(m.PedidoActual.MotivoRechazo, rp::SinMotivo);
+    EXPECT_TRUE(captura.bytes(QStringLiteral("mostrador")).contains(cp1252::aBytes(rp::SinMotivo)));
+    EXPECT_EQ(cajas->cajas().size(), 1);
+}
+
+TEST_F(Respuestas, SinIngredientesPasaPorLaListaDeProductos) {
+    llega(kDomicilio);
+    pulsar(&nuevo(), "Rechazar");
+    rechazo().comMotivoRechazo()->setCurrentIndex(2);
+    pulsar(&rechazo(), "butRechazar");
+    auto& lista = r().formProductosRechazar();
+    ASSERT_TRUE(lista.isVisible());
+    EXPECT_FALSE(rechazo().isVisible());
+    EXPECT_EQ(lista.windowTitle(), QStringLiteral("Productos Pedido - Selección Agotados"));
+    QTreeWidget* productos = lista.ListViewProductosNoIngredientes();
+    ASSERT_EQ(productos->topLevelItemCount(), 2);
+    EXPECT_EQ(productos->topLevelItem(1)->text(0), QStringLiteral("Tarta de queso"));
+    EXPECT_TRUE(respuestas().isEmpty());
+
+    QList<QPair<int, bool>> marcados;
+    r().MarcarProductoAgotado = [&](int id, bool agotado) { marcados.append({id, agotado}); };
+    productos->topLevelItem(1)->setCheckState(0, Qt::Checked);
+    EXPECT_EQ(marcados, (QList<QPair<int, bool>>{{150, true}}));
+
+    pulsar(&lista, "butCerrar");
+    EXPECT_FALSE(lista.isVisible());
+    EXPECT_TRUE(rechazo().isVisible());
+    EXPECT_TRUE(respuestas().isEmpty());
+
+    pulsar(&rechazo(), "butRechazar");
+    pulsar(&lista, "CommandHecho");
+    EXPECT_EQ(respuestas(), QStringList{"a=41&o=5001&ak=Rejected&m=No%20hay%20"
+                                        "ingredientes.&dt=nousado&u=nousado&p=pg7"});
+    EXPECT_FALSE(lista.isVisible());
+    EXPECT_FALSE(m.PedidoNuevoPendiente);
+}
+
+TEST_F(Respuestas, CancelarUnPedidoAceptadoAvisaYContestaAlMensaje) {
+    // A past order, accepted and paid, with a customer message waiting.
+    llega(kDomicilio);
+    pulsar(&nuevo(), "Aceptar");
+    QTest::mouseClick(minutos().AceptarMinutos(1), Qt::LeftButton);
+    ASSERT_EQ(m.PedidoActual.Estado, QStringLiteral("Aceptado"));
+    m.MensajeNuevoPendiente = true;
+    int avisos = 0;
+    QStringList mensajes;
+    r().ImprimirCancelacion = [&] {
+        ++avisos;
+        EXPECT_EQ(m.PedidoActual.Estado, QStringLiteral("Rechazado"));
+    };
+    r().ResponderMensaje = [&](const QString& t) { mensajes << t; };
+
+    FormRechazarPedido& v = rechazo();
+    v.show();
+    EXPECT_EQ(v.windowTitle(), QStringLiteral("Cancelar Pedido"));
+    EXPECT_EQ(v.butRechazar()->text(), QStringLiteral("Cancelar Pedido"));
+    v.comMotivoRechazo()->setCurrentIndex(1);
+    v.txtMasInfoRechazo()->setText(QStringLiteral("Horno roto"));
+    const int ticketsAntes = tickets();
+    pulsar(&v, "butRechazar");
+    EXPECT_EQ(respuestas().last(), QStringLiteral("a=41&o=5001&ak=Rejected&m=Cerrado%20por%20hoy%20"
+                                                  "Horno%20roto&dt=nousado&u=nousado&p=pg7"));
+    EXPECT_EQ(tickets(), ticketsAntes + 1);
+    EXPECT_EQ(avisos, 1);
+    EXPECT_FALSE(m.MensajeNuevoPendiente);
+    EXPECT_EQ(mensajes, QStringList{"Se ha cancelado el pedido y se ha devuelto el importe del "
+                                    "pago. Horno roto"});
+    ASSERT_EQ(cajas->cajas().size(), 1);
+    EXPECT_EQ(cajas->cajas()[0].texto, rp::CanceladoPagado);
+    EXPECT_FALSE(v.isVisible());
+}
+
+TEST_F(Respuestas, LaAceptacionAutomaticaRespondeEImprimeSinVentanaNiSonido) {
+    m.AceptarAutoDomicilio = 30;
+    llega(kDomicilio);
+    EXPECT_EQ(respuestas(),
+              QStringList{"a=41&o=5001&ak=Accepted&m=30_Minutos&dt=nousado&u=nousado&p=pg7"});
+    EXPECT_EQ(tickets(), 2);
+    EXPECT_FALSE(m.PedidoNuevoPendiente);
+    EXPECT_FALSE(nuevo().isVisible());
+    EXPECT_TRUE(sonido->llamadas.filter(QStringLiteral("reproducir ")).isEmpty());
+    EXPECT_TRUE(f->TimerPedidos().enabled());
+
+    // A pick-up order follows its own setting (0): on screen.
+    llega(kProgramado);
+    EXPECT_EQ(respuestas().size(), 1);
+    EXPECT_TRUE(m.PedidoNuevoPendiente);
+    EXPECT_TRUE(nuevo().isVisible());
+}
+
+TEST_F(Respuestas, MenosUnoAceptaUnoConCeroYElSiguienteSaleEnPantalla) {
+    m.AceptarAutoDomicilio = -1;
+    llega(kDomicilio);
+    llega(kEfectivo);
+    EXPECT_EQ(respuestas(),
+              QStringList{"a=41&o=5001&ak=Accepted&m=0_Minutos&dt=nousado&u=nousado&p=pg7"});
+    EXPECT_EQ(m.AceptarAutoDomicilio, 0);
+    EXPECT_TRUE(m.PedidoNuevoPendiente);
+    EXPECT_TRUE(nuevo().isVisible());
+    EXPECT_EQ(m.UltimoIdPedido, QStringLiteral("5003"));
+}
