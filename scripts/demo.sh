@@ -63,6 +63,24 @@ if [ ! -s "$trabajo/datos/config.txt" ]; then
     "$bin/preparar_config" --carpeta="$trabajo/datos" --id=7 --password=clave --numconfig=1
 fi
 
+# Every ticket a raw printer gets is shown here as text and kept as a picture beside it
+# (each ticket rewrites its printer's file, so the newest one is what shows).
+vigilar_tickets() {
+    declare -A visto
+    while sleep 1; do
+        for f in "$trabajo"/impresoras/*.bin; do
+            [ -s "$f" ] || continue
+            marca=$(stat -c '%Y.%s' "$f")
+            [ "${visto[$f]:-}" = "$marca" ] && continue
+            visto[$f]=$marca
+            echo "demo: ticket en $(basename "$f" .bin) (imagen: ${f%.bin}.png)"
+            QT_QPA_PLATFORM=offscreen "$bin/visor_tickets" "$f" --png "${f%.bin}.png" --texto || true
+        done
+    done
+}
+vigilar_tickets &
+pids+=("$!")
+
 "$bin/TarvimentaPedidos" --servidor="127.0.0.1:$puerto/api/" --carpeta="$trabajo/datos" "$@" &
 pids+=("$!")
 echo "demo: escritorio en marcha (datos en $trabajo/datos, tickets en $trabajo/impresoras); Ctrl-C para parar"
