@@ -73,8 +73,9 @@ bool ComisionVisible(const QString& comision) {
     if (!clasico::IsNumeric(comision)) {
         return false;
     }
-    const auto valor = clasico::Decimal::leer(QString(comision).remove(QStringLiteral("€")));
-    return valor && *valor > clasico::Decimal(0);
+    // Read as the classic double reads it: a huge figure is still a figure above 0.
+    const auto valor = clasico::Valor(QString(comision).remove(QStringLiteral("€")));
+    return valor && *valor > 0.0;
 }
 
 bool PromocionVisible(const ModuloPrincipal& m) {

@@ -106,6 +106,8 @@ TEST(VistaPedido, TextosDeTiempoComisionPromocionYHora) {
     EXPECT_FALSE(vista::ComisionVisible(QStringLiteral("-2€")));
     EXPECT_FALSE(vista::ComisionVisible(QStringLiteral("n/a€")));
     EXPECT_FALSE(vista::ComisionVisible(QStringLiteral("€")));
+    // A figure beyond the decimal range still reads as a number above 0, with no error.
+    EXPECT_TRUE(vista::ComisionVisible(QStringLiteral("1e40€")));
 
     Entorno e;
     e.m.PedidoActual.CodigoPromocion = QStringLiteral("HOLA");
