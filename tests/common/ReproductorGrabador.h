@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/ErrorEjecucion.h"
+#include "sound/AlertaSonora.h"
 #include "sound/ReproductorAudio.h"
 
 #include <QString>
@@ -42,3 +43,12 @@ private:
 
     std::shared_ptr<Registro> r_;
 };
+
+// Both players of the alert recording: the mode-0 one into `registro`, the mode-1 one into a
+// record of its own (the order windows' tests never use it).
+inline void InstalarGrabadores(AlertaSonora& sonido,
+                               std::shared_ptr<ReproductorGrabador::Registro> registro) {
+    sonido.setReproductores(
+        std::make_unique<ReproductorGrabador>(std::move(registro)),
+        std::make_unique<ReproductorGrabador>(std::make_shared<ReproductorGrabador::Registro>()));
+}

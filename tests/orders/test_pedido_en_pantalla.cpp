@@ -70,9 +70,7 @@ struct Escritorio : ::testing::Test {
         m.IntensidadParpadeo = 100;
         m.MelodiaPedNuevo = QStringLiteral("telefon1.wav");
         f = std::make_unique<Form1>(m, QStringList{});
-        m.sonido().setReproductores(std::make_unique<ReproductorGrabador>(sonido),
-                                    std::make_unique<ReproductorGrabador>(
-                                        std::make_shared<ReproductorGrabador::Registro>()));
+        InstalarGrabadores(m.sonido(), sonido);
         f->AplicarConfiguracion();
         // Its ticks are driven by hand here.
         f->TimerMusica().setEnabled(false);

@@ -82,9 +82,7 @@ struct Respuestas : ::testing::Test {
         i.NumeroCopiasAceptadoRecoger = -1;
         i.NumeroCopiasRechazado = 1;
         f = std::make_unique<Form1>(m, QStringList{});
-        m.sonido().setReproductores(std::make_unique<ReproductorGrabador>(sonido),
-                                    std::make_unique<ReproductorGrabador>(
-                                        std::make_shared<ReproductorGrabador::Registro>()));
+        InstalarGrabadores(m.sonido(), sonido);
         f->AplicarConfiguracion();
         f->TimerMusica().setEnabled(false);
     }
