@@ -10,22 +10,23 @@ class ImpresoraDW {
 public:
     virtual ~ImpresoraDW() = default;
 
-    virtual QString Font() const = 0;
-    virtual void setFont(const QString& nombre) = 0;
-    virtual double FontSize() const = 0;
-    virtual void setFontSize(double puntos) = 0;
+    // The pen: the same plain state in every printer, so it lives here.
+    QString Font() const { return fuente_; }
+    void setFont(const QString& nombre) { fuente_ = nombre; }
+    double FontSize() const { return tamanno_; }
+    void setFontSize(double puntos) { tamanno_ = puntos; }
 
-    virtual double CurrentX() const = 0;
-    virtual void setCurrentX(double twips) = 0;
-    virtual double CurrentY() const = 0;
-    virtual void setCurrentY(double twips) = 0;
+    double CurrentX() const { return x_; }
+    void setCurrentX(double twips) { x_ = twips; }
+    double CurrentY() const { return y_; }
+    void setCurrentY(double twips) { y_ = twips; }
 
     // The coordinate of the page's left and top edges: a negative value moves the origin
     // into the page.
-    virtual double ScaleLeft() const = 0;
-    virtual void setScaleLeft(double twips) = 0;
-    virtual double ScaleTop() const = 0;
-    virtual void setScaleTop(double twips) = 0;
+    double ScaleLeft() const { return izquierda_; }
+    void setScaleLeft(double twips) { izquierda_ = twips; }
+    double ScaleTop() const { return arriba_; }
+    void setScaleTop(double twips) { arriba_ = twips; }
 
     // Prints the text at the pen and moves the pen to the start of the next line; a text with
     // line breaks prints as several lines.
@@ -35,6 +36,14 @@ public:
     virtual void EndDoc() = 0;
     // Drops the document begun so far (after a failure in the middle of a ticket).
     virtual void KillDoc() = 0;
+
+protected:
+    QString fuente_ = QStringLiteral("Arial");
+    double tamanno_ = 10;
+    double x_ = 0;
+    double y_ = 0;
+    double izquierda_ = 0;
+    double arriba_ = 0;
 };
 
 // The system's printers and the one that is current. The window side installs the real one;

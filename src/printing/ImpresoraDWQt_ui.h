@@ -20,18 +20,6 @@ public:
     static std::unique_ptr<ImpresoraDWQt> haciaPdf(const QString& ruta, QSizeF papelMm);
     ~ImpresoraDWQt() override;
 
-    QString Font() const override { return fuente_; }
-    void setFont(const QString& nombre) override { fuente_ = nombre; }
-    double FontSize() const override { return tamanno_; }
-    void setFontSize(double puntos) override { tamanno_ = puntos; }
-    double CurrentX() const override { return x_; }
-    void setCurrentX(double twips) override { x_ = twips; }
-    double CurrentY() const override { return y_; }
-    void setCurrentY(double twips) override { y_ = twips; }
-    double ScaleLeft() const override { return izquierda_; }
-    void setScaleLeft(double twips) override { izquierda_ = twips; }
-    double ScaleTop() const override { return arriba_; }
-    void setScaleTop(double twips) override { arriba_ = twips; }
     void Imprimir(const QString& texto) override;
     void EndDoc() override;
     void KillDoc() override;
@@ -46,12 +34,6 @@ private:
 
     std::unique_ptr<QPrinter> printer_;
     QPainter painter_;
-    QString fuente_ = QStringLiteral("Arial");
-    double tamanno_ = 10;
-    double x_ = 0;
-    double y_ = 0;
-    double izquierda_ = 0;
-    double arriba_ = 0;
     QString rutaPdf_;
     QStringList pdfs_;
 };

@@ -20,18 +20,6 @@ public:
         int documento = 0; // documents ended before this line
     };
 
-    QString Font() const override { return fuente_; }
-    void setFont(const QString& nombre) override { fuente_ = nombre; }
-    double FontSize() const override { return tamanno_; }
-    void setFontSize(double puntos) override { tamanno_ = puntos; }
-    double CurrentX() const override { return x_; }
-    void setCurrentX(double twips) override { x_ = twips; }
-    double CurrentY() const override { return y_; }
-    void setCurrentY(double twips) override { y_ = twips; }
-    double ScaleLeft() const override { return izquierda_; }
-    void setScaleLeft(double twips) override { izquierda_ = twips; }
-    double ScaleTop() const override { return arriba_; }
-    void setScaleTop(double twips) override { arriba_ = twips; }
     void Imprimir(const QString& texto) override {
         lineas.append({texto, tamanno_, x_, y_, fuente_, documentos});
         y_ += tamanno_ * 20.0 * static_cast<double>(texto.count(u'\n') + 1);
@@ -63,12 +51,6 @@ public:
     int descartados = 0;
 
 private:
-    QString fuente_ = QStringLiteral("Arial");
-    double tamanno_ = 10;
-    double x_ = 0;
-    double y_ = 0;
-    double izquierda_ = 0;
-    double arriba_ = 0;
 };
 
 // A printers collection of named recording printers; the current one starts at `actual`.
