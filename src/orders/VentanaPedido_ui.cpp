@@ -71,15 +71,13 @@ void rellenarProductos(ModuloPrincipal& m, QWidget* ventana) {
                             QStringLiteral("Precio(€)")});
     lista->headerItem()->setTextAlignment(3, Qt::AlignRight | Qt::AlignVCenter);
     lista->header()->setMinimumSectionSize(0);
-    // A window that has never been shown has not laid out its controls yet.
-    if (!ventana->isVisible() && ventana->layout() != nullptr) {
-        ventana->layout()->activate();
-    }
-    const int anchoLista = lista->width() * 1440 / std::max(1, lista->logicalDpiX());
     lista->setColumnWidth(0, 0);
     lista->setColumnWidth(1, twipsAPixeles(lista, 670));
-    lista->setColumnWidth(2, twipsAPixeles(lista, std::max(0, anchoLista - 670 - 900 - 80)));
     lista->setColumnWidth(3, twipsAPixeles(lista, 900));
+    // The product column takes what the units and the price leave of the visible width, so
+    // the scroll bar of a long order never pushes the prices out of sight.
+    lista->header()->setStretchLastSection(false);
+    lista->header()->setSectionResizeMode(2, QHeaderView::Stretch);
 
     // Worked out before the first row goes in: a failure leaves the list empty.
     const QList<vista::Fila> filas =

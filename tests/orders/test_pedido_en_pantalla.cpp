@@ -15,10 +15,13 @@
 #include "sound/AlertaSonora.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTreeWidget>
@@ -157,12 +160,10 @@ TEST_F(Escritorio, UnPedidoADomicilioSaleEncimaConSonidoYSinMasSondeos) {
     EXPECT_EQ(lista->headerItem()->text(1), QStringLiteral("Uds."));
     EXPECT_EQ(lista->headerItem()->text(3), QStringLiteral("Precio(€)"));
     EXPECT_EQ(lista->columnWidth(0), 0);
-    // The product column takes the list's width less units, price and a margin, also on
-    // the very first order, before the window was ever laid out on screen.
-    EXPECT_NEAR(lista->columnWidth(2),
-                (lista->width() * 1440 / lista->logicalDpiX() - 670 - 900 - 80) *
-                    lista->logicalDpiX() / 1440,
-                2);
+    EXPECT_EQ(lista->columnWidth(1), 670 * lista->logicalDpiX() / 1440);
+    EXPECT_EQ(lista->columnWidth(3), 900 * lista->logicalDpiX() / 1440);
+    // The product column takes the rest of the visible width, also on the very first order.
+    EXPECT_EQ(lista->header()->length(), lista->viewport()->width());
     EXPECT_GT(lista->columnWidth(2), 300);
     EXPECT_EQ(texto("LabImporteEnvio"), QStringLiteral("2.00€"));
     EXPECT_EQ(texto("LabComisionPaypal"), QStringLiteral("0.35€"));
@@ -239,6 +240,27 @@ TEST_F(Escritorio, UnPedidoProgramadoParaRecogerSeDestacaEnBlancoSobreAzul) {
     EXPECT_FALSE(control("labPara")->autoFillBackground());
     EXPECT_EQ(texto("LabOrigen"), QStringLiteral("Tarvimenta"));
     EXPECT_TRUE(visible("TxtDireccion"));
+}
+
+TEST_F(Escritorio, UnPedidoLargoDejaLosPreciosALaVista) {
+    QString productos;
+    for (int i = 0; i < 30; ++i) {
+        productos += QStringLiteral("1%Pizza número ") + QString::number(i) +
+                     QStringLiteral(" - Sin cebolla%2.50%") + QString::number(300 + i) +
+                     QStringLiteral("%12;");
+    }
+    llega(QStringLiteral("#PED*web*5004*") + productos +
+          QStringLiteral("*0.00*0.00;75.00;1;Eva Gil;Recogen;14/11/2026 21:30%%Para: Ahora;0;1;"
+                         "Tarjeta;633444555;Pendiente;;;0.00;;0;75.00;*#"));
+    auto* lista = qobject_cast<QTreeWidget*>(control("ListViewProductos"));
+    ASSERT_EQ(lista->topLevelItemCount(), 61);
+    QApplication::processEvents();
+
+    // The vertical scroll bar takes its width from the product column, not from the prices.
+    EXPECT_TRUE(lista->verticalScrollBar()->isVisible());
+    EXPECT_FALSE(lista->horizontalScrollBar()->isVisible());
+    EXPECT_EQ(lista->header()->length(), lista->viewport()->width());
+    EXPECT_EQ(lista->columnWidth(3), 900 * lista->logicalDpiX() / 1440);
 }
 
 TEST_F(Escritorio, UnPedidoEnEfectivoSinPagarMuestraElCambio) {
