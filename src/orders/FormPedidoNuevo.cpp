@@ -5,6 +5,7 @@
 #include "platform/Controles_ui.h"
 #include "platform/EjecucionProtegida.h"
 #include "platform/ErrorEjecucion.h"
+#include "platform/ListaInforme_ui.h"
 #include "platform/Temporizador.h"
 #include "printing/RutasImpresion.h"
 #include "shell/ModuloPrincipal.h"
@@ -13,13 +14,10 @@
 #include <QCloseEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QStyledItemDelegate>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -56,21 +54,6 @@ const Par kPares[] = {
     {"LabCabTiempoEstMotivo", "LabTiempoEstMotivo", "Tiempo Est.:"},
 };
 
-// The list's grid lines, drawn under each cell: cheaper than a style sheet.
-class DelegadoRejilla : public QStyledItemDelegate {
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-    void paint(QPainter* pintor, const QStyleOptionViewItem& opcion,
-               const QModelIndex& indice) const override {
-        QStyledItemDelegate::paint(pintor, opcion, indice);
-        pintor->save();
-        pintor->setPen(QColor(200, 200, 200));
-        pintor->drawLine(opcion.rect.bottomLeft(), opcion.rect.bottomRight());
-        pintor->drawLine(opcion.rect.topRight(), opcion.rect.bottomRight());
-        pintor->restore();
-    }
-};
-
 template <typename T> T* con_nombre(T* w, const char* nombre) {
     w->setObjectName(QLatin1String(nombre));
     return w;
@@ -99,12 +82,8 @@ FormPedidoNuevo::~FormPedidoNuevo() = default;
 
 void FormPedidoNuevo::construir() {
     auto* lista = con_nombre(new QTreeWidget(this), "ListViewProductos");
-    lista->setRootIsDecorated(false);
-    lista->setSelectionBehavior(QAbstractItemView::SelectRows);
-    lista->setAllColumnsShowFocus(true);
-    lista->setUniformRowHeights(true);
+    PrepararListaInforme(lista);
     lista->setMinimumHeight(220);
-    lista->setItemDelegate(new DelegadoRejilla(lista));
 
     auto* rejilla = new QGridLayout;
     rejilla->setHorizontalSpacing(12);
