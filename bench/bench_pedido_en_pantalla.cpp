@@ -1,6 +1,8 @@
 // From the poll's reply to the painted new-order window, for an order of 30 products:
 // parse into the order record, fill the window, show it and run the event loop until the
-// window has painted.
+// window has painted. As at the counter, the window was hidden when the previous order was
+// answered, and each order differs from the one before. The peer is the same window with the
+// list painted the stock way (item delegate, frame and scroll bars of the application style).
 #include "orders/FormPedidoNuevo.h"
 #include "orders/RegistroPedido.h"
 #include "orders/VentanaPedido_ui.h"
@@ -9,6 +11,9 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+#include <QTreeWidget>
 #include <benchmark/benchmark.h>
 
 namespace {
@@ -54,18 +59,41 @@ QString LineaTreintaProductos() {
     return cp1252::aTexto(linea.toUtf8());
 }
 
-void BM_PedidoEnPantalla(benchmark::State& state) {
+// The same order under another number and customer, so that no text is left unchanged.
+QString OtroPedido(QString linea) {
+    return linea.replace(QStringLiteral("7001"), QStringLiteral("7002"))
+        .replace(QStringLiteral("María"), QStringLiteral("José"));
+}
+
+void PintadoDeSerie(QTreeWidget* lista) {
+    lista->setItemDelegate(new QStyledItemDelegate(lista));
+    lista->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    lista->setPalette(QPalette());
+    lista->verticalScrollBar()->setStyle(nullptr);
+    lista->horizontalScrollBar()->setStyle(nullptr);
+}
+
+void PedidoEnPantalla(benchmark::State& state, bool deSerie) {
     ModuloPrincipal m;
     m.TamannoFuentePrincipales = 8;
     m.MostrarCpr = true;
     FormPedidoNuevo ventana(m);
     AplicarTamannosFuente(m, &ventana);
+    if (deSerie) {
+        PintadoDeSerie(ventana.findChild<QTreeWidget*>(QStringLiteral("ListViewProductos")));
+    }
     ContadorPintado contador(&ventana);
     qApp->installEventFilter(&contador);
-    const QString respuesta = LineaTreintaProductos();
+    const QString respuestas[2] = {LineaTreintaProductos(), OtroPedido(LineaTreintaProductos())};
+    int n = 0;
 
     for (auto _ : state) {
-        QString r = respuesta; // the reply is repaired in place
+        state.PauseTiming();
+        ventana.hide();
+        QApplication::processEvents();
+        state.ResumeTiming();
+
+        QString r = respuestas[n++ % 2]; // the reply is repaired in place
         const int antes = contador.pintados;
         ParsearPedido(m, r);
         RellenarVentanaPedido(m, &ventana);
@@ -85,7 +113,20 @@ void BM_PedidoEnPantalla(benchmark::State& state) {
         state.SkipWithError("el pedido no tiene 30 productos");
     }
 }
+
+void BM_PedidoEnPantalla(benchmark::State& state) {
+    PedidoEnPantalla(state, false);
+}
+void BM_PedidoEnPantallaPintadoDeSerie(benchmark::State& state) {
+    PedidoEnPantalla(state, true);
+}
 BENCHMARK(BM_PedidoEnPantalla)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->Iterations(40)
+    ->Repetitions(25)
+    ->ReportAggregatesOnly(true);
+BENCHMARK(BM_PedidoEnPantallaPintadoDeSerie)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime()
     ->Iterations(40)
