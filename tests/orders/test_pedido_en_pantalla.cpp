@@ -3,6 +3,7 @@
 // on a poll and goes on screen.
 #include "common/Entorno.h"
 #include "common/EscritorioPrueba.h"
+#include "common/MostradorSimulado.h"
 #include "common/ReproductorGrabador.h"
 #include "common/SimuladorPrueba.h"
 #include "orders/FormPedidoNuevo.h"
@@ -48,40 +49,10 @@ const QString kEfectivo = QStringLiteral(
     "14/11/2026 21:10%%Para: Ahora;0;1;Efectivo Cambio: 50;622333444;Pendiente;;BIENVENIDA;"
     "0.00;0;0;8.50;*#");
 
-struct Escritorio : ::testing::Test {
-    QTemporaryDir carpeta;
-    SimuladorPrueba sim;
-    ModuloPrincipal m;
-    RegistroCajas* cajas = nullptr;
-    std::shared_ptr<ReproductorGrabador::Registro> sonido =
-        std::make_shared<ReproductorGrabador::Registro>();
-    std::unique_ptr<Form1> f;
-
-    void SetUp() override {
-        ASSERT_TRUE(sim.enMarcha());
-        auto c = std::make_unique<RegistroCajas>();
-        cajas = c.get();
-        m.setCajas(std::move(c));
-        m.setServidor(sim.base());
-        m.CarpetaDatos = carpeta.path();
-        m.CarpetaAplicacion = QStringLiteral(CARPETA_BIN);
-        // What a configuration reading would have brought.
-        m.NombreEstablecimiento = QStringLiteral("Pizzería Sol");
-        m.IntervaloEscaneoPedido = 600000;
-        m.TamannoFuentePrincipales = 8;
+struct Escritorio : MostradorSimulado {
+    void configurar() override {
         m.ParpadeoPedNuevo = true;
         m.IntensidadParpadeo = 100;
-        m.MelodiaPedNuevo = QStringLiteral("telefon1.wav");
-        f = std::make_unique<Form1>(m, QStringList{});
-        InstalarGrabadores(m.sonido(), sonido);
-        f->AplicarConfiguracion();
-        // Its ticks are driven by hand here.
-        f->TimerMusica().setEnabled(false);
-    }
-
-    void llega(const QString& linea) {
-        sim.encolar(kPoll, {linea});
-        f->ComprobarPedidosNuevos();
     }
 
     FormPedidoNuevo& ventana() { return f->formPedidoNuevo(); }

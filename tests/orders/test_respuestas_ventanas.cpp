@@ -1,6 +1,7 @@
 // Answering an order by hand, as the staff do, against the stand-in service over loopback.
 // The service records queries as they came over the wire: blanks as %20, others raw.
 #include "common/CapturaEP.h"
+#include "common/MostradorSimulado.h"
 #include "common/ReproductorGrabador.h"
 #include "common/SimuladorPrueba.h"
 #include "orders/FormAceptarPedido.h"
@@ -48,30 +49,12 @@ const QString kEfectivo = QStringLiteral(
     "14/11/2026 21:10%%Para: Ahora;0;1;Efectivo Cambio: 50;622333444;Pendiente;;;0.00;0;0;"
     "8.50;*#");
 
-struct Respuestas : ::testing::Test {
-    QTemporaryDir carpeta;
-    SimuladorPrueba sim;
-    ModuloPrincipal m;
+struct Respuestas : MostradorSimulado {
     CapturaEP captura{m};
-    RegistroCajas* cajas = nullptr;
-    std::shared_ptr<ReproductorGrabador::Registro> sonido =
-        std::make_shared<ReproductorGrabador::Registro>();
-    std::unique_ptr<Form1> f;
 
-    void SetUp() override {
-        ASSERT_TRUE(sim.enMarcha());
-        auto c = std::make_unique<RegistroCajas>();
-        cajas = c.get();
-        m.setCajas(std::move(c));
-        m.setServidor(sim.base());
-        m.CarpetaDatos = carpeta.path();
-        m.CarpetaAplicacion = QStringLiteral(CARPETA_BIN);
+    void configurar() override {
         m.RestId = 41;
         m.Pgprs = QStringLiteral("pg7");
-        m.NombreEstablecimiento = QStringLiteral("Pizzería Sol");
-        m.IntervaloEscaneoPedido = 600000;
-        m.TamannoFuentePrincipales = 8;
-        m.MelodiaPedNuevo = QStringLiteral("telefon1.wav");
         m.MotivosRechazo = {QStringLiteral("Cerrado por hoy"), rp::NoHayIngredientes};
         ClassConfigImpresora& i = m.Impresora(1);
         i.TipoImpresion = QStringLiteral("EP");
@@ -81,16 +64,8 @@ struct Respuestas : ::testing::Test {
         i.NumeroCopiasAceptado = 2;
         i.NumeroCopiasAceptadoRecoger = -1;
         i.NumeroCopiasRechazado = 1;
-        f = std::make_unique<Form1>(m, QStringList{});
-        InstalarGrabadores(m.sonido(), sonido);
-        f->AplicarConfiguracion();
-        f->TimerMusica().setEnabled(false);
     }
 
-    void llega(const QString& linea) {
-        sim.encolar(kPoll, {linea});
-        f->ComprobarPedidosNuevos();
-    }
     RespuestasPedido& r() { return f->respuestasPedido(); }
     FormPedidoNuevo& nuevo() { return f->formPedidoNuevo(); }
     FormAceptarPedido& minutos() { return r().formAceptarPedido(); }

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "common/ReproductorGrabador.h"
+#include "common/SimuladorPrueba.h"
+#include "platform/CajaMensajes.h"
+#include "platform/Temporizador.h"
+#include "shell/Form1.h"
+#include "shell/ModuloPrincipal.h"
+
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+#include <memory>
+
+// The desk in this process against the stand-in service over loopback: boxes recorded, sound
+// going to a recorder, polls and the melody's repeat driven by hand.
+struct MostradorSimulado : ::testing::Test {
+    QTemporaryDir carpeta;
+    SimuladorPrueba sim;
+    ModuloPrincipal m;
+    RegistroCajas* cajas = nullptr;
+    std::shared_ptr<ReproductorGrabador::Registro> sonido =
+        std::make_shared<ReproductorGrabador::Registro>();
+    std::unique_ptr<Form1> f;
+
+    // What else a configuration reading would have brought, before the main window exists.
+    virtual void configurar() {}
+
+    void SetUp() override {
+        ASSERT_TRUE(sim.enMarcha());
+        auto c = std::make_unique<RegistroCajas>();
+        cajas = c.get();
+        m.setCajas(std::move(c));
+        m.setServidor(sim.base());
+        m.CarpetaDatos = carpeta.path();
+        m.CarpetaAplicacion = QStringLiteral(CARPETA_BIN);
+        m.NombreEstablecimiento = QStringLiteral("Pizzería Sol");
+        m.IntervaloEscaneoPedido = 600000;
+        m.TamannoFuentePrincipales = 8;
+        m.MelodiaPedNuevo = QStringLiteral("telefon1.wav");
+        configurar();
+        f = std::make_unique<Form1>(m, QStringList{});
+        InstalarGrabadores(m.sonido(), sonido);
+        f->AplicarConfiguracion();
+        f->TimerMusica().setEnabled(false);
+    }
+
+    // An order line on the next poll, and the poll.
+    void llega(const QString& linea) {
+        sim.encolar(QStringLiteral("pedidosgprs/pedidosnuevos"), {linea});
+        f->ComprobarPedidosNuevos();
+    }
+};
