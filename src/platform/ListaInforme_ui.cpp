@@ -11,16 +11,6 @@ namespace {
 
 const QColor kRejilla(200, 200, 200);
 
-// Solid rectangles only: the raster engine fills them directly, while the outlines, gradients
-// and patterns of the stock painting go through span lists that it hands to worker threads
-// once a shape is taller than about a hundred pixels.
-void lineaHorizontal(QPainter* p, int x, int y, int ancho, const QColor& c) {
-    p->fillRect(QRect(x, y, ancho, 1), c);
-}
-void lineaVertical(QPainter* p, int x, int y, int alto, const QColor& c) {
-    p->fillRect(QRect(x, y, 1, alto), c);
-}
-
 class DelegadoRejilla : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -57,8 +47,11 @@ public:
                             Qt::TextSingleLine,
                         texto);
         }
-        lineaHorizontal(p, r.left(), r.bottom(), r.width(), kRejilla);
-        lineaVertical(p, r.right(), r.top(), r.height(), kRejilla);
+        // The grid as one-pixel rectangles: the raster engine fills solid rectangles directly,
+        // while outlines, gradients and patterns go through span lists that it hands to worker
+        // threads once a shape is taller than about a hundred pixels.
+        p->fillRect(QRect(r.left(), r.bottom(), r.width(), 1), kRejilla);
+        p->fillRect(QRect(r.right(), r.top(), 1, r.height()), kRejilla);
     }
 
 private:
