@@ -1,5 +1,6 @@
 // Building the raw customer ticket and three kitchen tickets, to memory, for an order of 50
 // products. The whole order should take well under a millisecond.
+#include "common/ImpresoraEPDeSerie.h"
 #include "platform/Reloj.h"
 #include "printing/CanalEP.h"
 #include "printing/TicketClienteEP.h"
@@ -12,18 +13,7 @@
 namespace {
 
 ClassConfigImpresora impresora(const QString& nombre, bool cocina, const QString& categorias) {
-    ClassConfigImpresora i;
-    i.TipoImpresion = "EP";
-    i.NombreImpresora = nombre;
-    i.SeparadorLineas = QString(48, u'-');
-    i.EPConexion = nombre;
-    i.EPNumColumnas = 48;
-    i.EPComInicializar = "27,64";
-    i.EPComDobleAltoActivar = "27,33,48";
-    i.EPComDobleAltoDesact = "27,33,0";
-    i.EPComSubirYCotarPapel = "29,86,66,0";
-    i.EPComConfigCaracteres = "27,116,19";
-    i.EPComSubirLineas = "27,100,3";
+    ClassConfigImpresora i = ImpresoraEPDeSerie(nombre, nombre);
     i.MostrarHoraEntrega = true;
     i.ReemplazarCaracEscPosPC858 = true;
     i.SaltoLineaOpciones = true;

@@ -3,6 +3,7 @@
 // Pieces of expected ticket bytes, written from the printer's settings by hand: the default
 // commands of a new raw printer and plain lines in Windows-1252.
 #include "common/CapturaEP.h"
+#include "common/ImpresoraEPDeSerie.h"
 #include "orders/Pedido.h"
 #include "platform/CajaMensajes.h"
 #include "platform/Reloj.h"
@@ -59,20 +60,7 @@ protected:
 
     // A raw printer with the settings a new one gets.
     static ClassConfigImpresora impresoraEP(const QString& nombre, const QString& conexion) {
-        ClassConfigImpresora i;
-        i.TipoImpresion = "EP";
-        i.NombreImpresora = nombre;
-        i.NumeroCopiasAceptado = 1;
-        i.NumeroCopiasAceptadoRecoger = -1;
-        i.SeparadorLineas = QString(48, u'-');
-        i.EPConexion = conexion;
-        i.EPNumColumnas = 48;
-        i.EPComInicializar = "27,64";
-        i.EPComDobleAltoActivar = "27,33,48";
-        i.EPComDobleAltoDesact = "27,33,0";
-        i.EPComSubirYCotarPapel = "29,86,66,0";
-        i.EPComConfigCaracteres = "27,116,19";
-        i.EPComSubirLineas = "27,100,3";
+        ClassConfigImpresora i = ImpresoraEPDeSerie(nombre, conexion);
         i.MostrarHoraEntrega = true;
         return i;
     }

@@ -1,5 +1,6 @@
 // The desk in this process answers orders against the stand-in service and prints on three
 // raw printers that listen on TCP in a thread of their own, as network printers would.
+#include "common/ImpresoraEPDeSerie.h"
 #include "common/SimuladorPrueba.h"
 #include "orders/FormAceptarPedido.h"
 #include "orders/FormPedidoNuevo.h"
@@ -151,21 +152,7 @@ private:
 };
 
 ClassConfigImpresora impresoraTcp(const QString& nombre, quint16 puerto) {
-    ClassConfigImpresora i;
-    i.TipoImpresion = QStringLiteral("EP");
-    i.NombreImpresora = nombre;
-    i.EPConexion = QStringLiteral("127.0.0.1:%1").arg(puerto);
-    i.NumeroCopiasAceptado = 1;
-    i.NumeroCopiasAceptadoRecoger = -1;
-    i.SeparadorLineas = QString(48, u'-');
-    i.EPNumColumnas = 48;
-    i.EPComInicializar = QStringLiteral("27,64");
-    i.EPComDobleAltoActivar = QStringLiteral("27,33,48");
-    i.EPComDobleAltoDesact = QStringLiteral("27,33,0");
-    i.EPComSubirYCotarPapel = QStringLiteral("29,86,66,0");
-    i.EPComConfigCaracteres = QStringLiteral("27,116,19");
-    i.EPComSubirLineas = QStringLiteral("27,100,3");
-    return i;
+    return ImpresoraEPDeSerie(nombre, QStringLiteral("127.0.0.1:%1").arg(puerto));
 }
 
 // An order for now, delivered, with `n` products: pizzas (category 12) and desserts (15).
