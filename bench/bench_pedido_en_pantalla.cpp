@@ -3,11 +3,11 @@
 // window has painted. As at the counter, the window was hidden when the previous order was
 // answered, and each order differs from the one before. The peer is the same window with the
 // list painted the stock way (item delegate, frame and scroll bars of the application style).
+#include "base/ModuloPrincipal.h"
+#include "base/Windows1252.h"
 #include "orders/FormPedidoNuevo.h"
 #include "orders/RegistroPedido.h"
 #include "orders/VentanaPedido_ui.h"
-#include "platform/Windows1252.h"
-#include "shell/ModuloPrincipal.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

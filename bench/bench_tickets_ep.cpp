@@ -1,11 +1,11 @@
 // Building the raw customer ticket and three kitchen tickets, to memory, for an order of 50
 // products. The whole order should take well under a millisecond.
+#include "base/ModuloPrincipal.h"
 #include "common/ImpresoraEPDeSerie.h"
 #include "platform/Reloj.h"
 #include "printing/CanalEP.h"
 #include "printing/TicketClienteEP.h"
 #include "printing/TicketCocinaEP.h"
-#include "shell/ModuloPrincipal.h"
 
 #include <QCoreApplication>
 #include <benchmark/benchmark.h>

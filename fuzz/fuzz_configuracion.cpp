@@ -1,9 +1,9 @@
 // The whole reading of an establishment's configuration from arbitrary reply bytes: the
 // gateway's post-processing, the validation, the repair, the tolerant JSON reader and the
 // reading of every key and printer, with the http retry and the old-printer migration.
+#include "base/ModuloPrincipal.h"
 #include "platform/CanalHttp.h"
 #include "server/Configuracion.h"
-#include "shell/ModuloPrincipal.h"
 
 #include <QCoreApplication>
 #include <QTemporaryDir>

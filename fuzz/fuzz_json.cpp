@@ -1,8 +1,8 @@
 // Arbitrary bytes, read as the transports deliver a reply (one character per byte), then
 // repaired and parsed. The reader must neither crash nor hang; the nesting limit is an
 // ordinary run-time error.
-#include "platform/ErrorEjecucion.h"
-#include "platform/Windows1252.h"
+#include "base/ErrorEjecucion.h"
+#include "base/Windows1252.h"
 #include "server/LectorJson.h"
 #include "server/TextoServidor.h"
 

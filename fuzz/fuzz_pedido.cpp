@@ -1,13 +1,13 @@
 // Any reply that passes the order-line test goes through the parser and then through
 // everything that works out the order window: no crash, no hang, only the error box or
 // the run-time errors of the window.
+#include "base/ErrorEjecucion.h"
+#include "base/ModuloPrincipal.h"
+#include "base/Windows1252.h"
 #include "orders/RegistroPedido.h"
 #include "orders/Sondeo.h"
 #include "orders/VistaPedido.h"
 #include "platform/CajaMensajes.h"
-#include "platform/ErrorEjecucion.h"
-#include "platform/Windows1252.h"
-#include "shell/ModuloPrincipal.h"
 
 #include <QCoreApplication>
 #include <cstddef>

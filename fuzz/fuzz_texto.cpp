@@ -1,7 +1,7 @@
 // The UTF-8 repair and the URL decoding over arbitrary bytes. Besides not crashing, each
 // keeps its promises: the repair never lengthens a text and keeps plain ASCII as it is,
 // and the decoding of an encoded text gives the text back.
-#include "platform/Windows1252.h"
+#include "base/Windows1252.h"
 #include "server/TextoServidor.h"
 
 #include <cstddef>

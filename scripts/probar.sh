@@ -13,6 +13,8 @@ export TZ=Europe/Madrid
 # Tests run two at a time on this size of machine; each has its own time limit.
 paralelo="${TARVIMENTA_PARALELO:-2}"
 
+echo "== capas de src/"
+bash scripts/comprobar-capas.sh
 echo "== compilación normal"
 bash scripts/compilar.sh normal
 echo "== pruebas"

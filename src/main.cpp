@@ -1,5 +1,6 @@
 // TarvimentaPedidos: the order desk. Reads its command line, builds the one
 // ModuloPrincipal, and hands over to the main window and the event loop.
+#include "base/ModuloPrincipal.h"
 #include "platform/CajaMensajes.h"
 #include "platform/CajaMensajesQt_ui.h"
 #include "platform/InstanciaUnica.h"
@@ -7,7 +8,6 @@
 #include "printing/ImpresoraDWQt_ui.h"
 #include "shell/Form1.h"
 #include "shell/LineaComandos.h"
-#include "shell/ModuloPrincipal.h"
 
 #include <QApplication>
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 #include "orders/AceptacionAutomatica.h"
 
+#include "base/ModuloPrincipal.h"
 #include "platform/Reloj.h"
-#include "shell/ModuloPrincipal.h"
 
 std::optional<int> DecidirAceptacionAutomatica(ModuloPrincipal& m) {
     const bool recogen = m.PedidoActual.FormaEntrega == QLatin1String("Recogen");

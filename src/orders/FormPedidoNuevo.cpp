@@ -1,14 +1,14 @@
 #include "orders/FormPedidoNuevo.h"
 
+#include "base/ErrorEjecucion.h"
+#include "base/ModuloPrincipal.h"
 #include "orders/VistaPedido.h"
 #include "platform/CajaMensajes.h"
 #include "platform/Controles_ui.h"
 #include "platform/EjecucionProtegida.h"
-#include "platform/ErrorEjecucion.h"
 #include "platform/ListaInforme_ui.h"
 #include "platform/Temporizador.h"
 #include "printing/RutasImpresion.h"
-#include "shell/ModuloPrincipal.h"
 #include "sound/AlertaSonora.h"
 
 #include <QCloseEvent>

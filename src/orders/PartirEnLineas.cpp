@@ -1,6 +1,6 @@
 #include "orders/PartirEnLineas.h"
 
-#include "platform/ErrorEjecucion.h"
+#include "base/ErrorEjecucion.h"
 
 QStringList PartirEnLineas(const QString& texto, int ancho) {
     if (ancho < 0) {

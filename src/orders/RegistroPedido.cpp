@@ -1,11 +1,10 @@
 #include "orders/RegistroPedido.h"
 
-#include "orders/Sondeo.h"
+#include "base/Conversiones.h"
+#include "base/ErrorEjecucion.h"
+#include "base/ModuloPrincipal.h"
 #include "platform/CajaMensajes.h"
-#include "platform/ErrorEjecucion.h"
-#include "server/Conversiones.h"
 #include "server/TextoServidor.h"
-#include "shell/ModuloPrincipal.h"
 
 namespace {
 
@@ -221,7 +220,7 @@ QString RutaObtenerPedido(const ModuloPrincipal& m, const QString& numero) {
 
 bool ObtenerPedido(ModuloPrincipal& m, const QString& numero, QString* resumen) {
     QString respuesta = m.ConsultarServidor(RutaObtenerPedido(m, numero));
-    if (sondeo::EsLineaPedido(respuesta)) {
+    if (EsLineaPedido(respuesta)) {
         const QString texto = ParsearPedido(m, respuesta);
         if (resumen != nullptr) {
             *resumen = texto;

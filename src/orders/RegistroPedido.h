@@ -6,7 +6,7 @@ class ModuloPrincipal;
 
 // The order line of the service and the one order record of the desk.
 //
-// An order line is "#...#" (see sondeo::EsLineaPedido), cut by "*" into: opening, unused,
+// An order line is "#...#" (see EsLineaPedido), cut by "*" into: opening, unused,
 // order number, product list, delivery charge, order data list, comment (and the pieces
 // of a comment that held "*"). Products are cut by ";" and their fields by "%"; the order
 // data list by ";"; the times field inside it by "%%". Nothing can be escaped.

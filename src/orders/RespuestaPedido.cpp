@@ -1,8 +1,8 @@
 #include "orders/RespuestaPedido.h"
 
+#include "base/ModuloPrincipal.h"
 #include "platform/CajaMensajes.h"
 #include "printing/RutasImpresion.h"
-#include "shell/ModuloPrincipal.h"
 
 namespace respuesta_pedido {
 

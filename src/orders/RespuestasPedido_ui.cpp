@@ -1,5 +1,6 @@
 #include "orders/RespuestasPedido_ui.h"
 
+#include "base/ModuloPrincipal.h"
 #include "orders/FormAceptarPedido.h"
 #include "orders/FormPedidoNuevo.h"
 #include "orders/FormRechazarPedido.h"
@@ -9,7 +10,6 @@
 #include "platform/EjecucionProtegida.h"
 #include "platform/Reloj.h"
 #include "platform/Temporizador.h"
-#include "shell/ModuloPrincipal.h"
 #include "sound/AlertaSonora.h"
 
 #include <QApplication>

@@ -1,13 +1,9 @@
 #include "orders/Sondeo.h"
 
-#include "shell/ModuloPrincipal.h"
+#include "base/ModuloPrincipal.h"
+#include "server/TextoServidor.h"
 
 namespace sondeo {
-
-bool EsLineaPedido(const QString& texto) {
-    return texto.size() >= 3 && texto.front() == QLatin1Char('#') &&
-           texto.back() == QLatin1Char('#') && !texto.contains(QLatin1Char('\n'));
-}
 
 Respuesta Clasificar(const QString& r) {
     if (EsLineaPedido(r)) {

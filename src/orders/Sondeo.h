@@ -18,10 +18,6 @@ enum class Respuesta {
     Nada                 // anything else, failures included
 };
 
-// The order-line test "^#.+#$" with the classic defaults: '#' at both ends, at least one
-// character between them, and no line feed anywhere (the dot does not cross it).
-bool EsLineaPedido(const QString& texto);
-
 Respuesta Clasificar(const QString& respuesta);
 
 // "pedidosgprs/pedidosnuevos?restid=..." for the values the desk holds now.

@@ -1,9 +1,9 @@
 #include "orders/VentanaPedido_ui.h"
 
+#include "base/ErrorEjecucion.h"
+#include "base/ModuloPrincipal.h"
 #include "orders/VistaPedido.h"
 #include "platform/Controles_ui.h"
-#include "platform/ErrorEjecucion.h"
-#include "shell/ModuloPrincipal.h"
 
 #include <QHeaderView>
 #include <QLabel>

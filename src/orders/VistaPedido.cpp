@@ -1,9 +1,9 @@
 #include "orders/VistaPedido.h"
 
+#include "base/Conversiones.h"
+#include "base/ErrorEjecucion.h"
+#include "base/ModuloPrincipal.h"
 #include "orders/PartirEnLineas.h"
-#include "platform/ErrorEjecucion.h"
-#include "server/Conversiones.h"
-#include "shell/ModuloPrincipal.h"
 
 #include <cmath>
 #include <limits>

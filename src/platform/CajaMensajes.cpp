@@ -1,5 +1,7 @@
 #include "platform/CajaMensajes.h"
 
+#include "base/ModuloPrincipal.h"
+
 #include <QFile>
 
 RegistroCajas::RegistroCajas(QString ficheroRegistro) : fichero_(std::move(ficheroRegistro)) {}
@@ -23,4 +25,15 @@ int RegistroCajas::mostrar(const QString& texto, int estilo, const QString& titu
         return respuestas_.takeFirst();
     }
     return porDefecto_;
+}
+
+CajaMensajes& ModuloPrincipal::cajas() const {
+    if (!cajas_) {
+        cajas_ = std::make_shared<RegistroCajas>();
+    }
+    return *cajas_;
+}
+
+void ModuloPrincipal::setCajas(std::unique_ptr<CajaMensajes> c) {
+    cajas_ = std::move(c);
 }

@@ -1,7 +1,7 @@
 #include "platform/EjecucionProtegida.h"
 
+#include "base/ErrorEjecucion.h"
 #include "platform/CajaMensajes.h"
-#include "platform/ErrorEjecucion.h"
 
 #include <new>
 

@@ -1,7 +1,8 @@
 // The real destinations of raw ticket bytes.
 #include "printing/CanalEP.h"
 
-#include "platform/ErrorEjecucion.h"
+#include "base/ErrorEjecucion.h"
+#include "base/ModuloPrincipal.h"
 #include "printing/ConexionEP.h"
 
 #include <QDeadlineTimer>
@@ -227,4 +228,11 @@ void CanalEP::Abortar() noexcept {
         auto d = std::move(destino_);
         d->abortar();
     }
+}
+
+CanalEP& ModuloPrincipal::canalEP() const {
+    if (!canalEP_) {
+        canalEP_ = std::make_shared<CanalEP>();
+    }
+    return *canalEP_;
 }

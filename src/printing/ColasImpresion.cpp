@@ -1,8 +1,8 @@
 #include "printing/ColasImpresion.h"
 
+#include "base/ModuloPrincipal.h"
 #include "platform/CajaMensajes.h"
 #include "printing/RutasImpresion.h"
-#include "shell/ModuloPrincipal.h"
 
 #include <QTimer>
 #include <cups/cups.h>

@@ -1,12 +1,12 @@
 #include "printing/EscritorTicketDW.h"
 
-#include "orders/Pedido.h"
+#include "base/ClassConfigImpresora.h"
+#include "base/Conversiones.h"
+#include "base/ModuloPrincipal.h"
+#include "base/Pedido.h"
 #include "platform/Reloj.h"
-#include "printing/ClassConfigImpresora.h"
 #include "printing/ImpresoraDW.h"
 #include "printing/PrimitivasTicket.h"
-#include "server/Conversiones.h"
-#include "shell/ModuloPrincipal.h"
 
 #include <QRegularExpression>
 

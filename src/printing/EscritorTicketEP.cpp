@@ -1,12 +1,12 @@
 #include "printing/EscritorTicketEP.h"
 
-#include "orders/Pedido.h"
+#include "base/ModuloPrincipal.h"
+#include "base/Pedido.h"
 #include "platform/Reloj.h"
 #include "printing/CanalEP.h"
 #include "printing/PrimitivasTicket.h"
 #include "printing/SalidaEP.h"
 #include "printing/TablasCaracteresEP.h"
-#include "shell/ModuloPrincipal.h"
 
 #include <QRegularExpression>
 

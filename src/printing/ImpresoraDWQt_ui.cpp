@@ -1,6 +1,6 @@
 #include "printing/ImpresoraDWQt_ui.h"
 
-#include "platform/ErrorEjecucion.h"
+#include "base/ErrorEjecucion.h"
 
 #include <QFileInfo>
 #include <QFontMetricsF>

@@ -1,4 +1,5 @@
-#include "platform/ErrorEjecucion.h"
+#include "base/ErrorEjecucion.h"
+#include "base/ModuloPrincipal.h"
 #include "printing/ImpresoraDW.h"
 #include "printing/ImpresorasDWNinguna.h"
 
@@ -14,4 +15,15 @@ bool HacerActualPorNombre(ImpresorasDW& impresoras, const QString& nombre) {
 
 ImpresoraDW& ImpresorasDWNinguna::Printer() {
     throw ErrorEjecucion(482, QStringLiteral("Error de impresora"));
+}
+
+ImpresorasDW& ModuloPrincipal::impresorasDW() const {
+    if (!impresorasDW_) {
+        impresorasDW_ = std::make_shared<ImpresorasDWNinguna>();
+    }
+    return *impresorasDW_;
+}
+
+void ModuloPrincipal::setImpresorasDW(std::unique_ptr<ImpresorasDW> i) {
+    impresorasDW_ = std::move(i);
 }

@@ -1,9 +1,9 @@
 #include "printing/MarcoTicketEP.h"
 
+#include "base/ErrorEjecucion.h"
+#include "base/ModuloPrincipal.h"
 #include "platform/CajaMensajes.h"
-#include "platform/ErrorEjecucion.h"
 #include "printing/CanalEP.h"
-#include "shell/ModuloPrincipal.h"
 
 QString TextoPuertoNoEncontrado(const QString& nombreImpresora) {
     return QStringLiteral("La conexión indicada para la impresora ") + nombreImpresora +

@@ -1,9 +1,9 @@
 #include "printing/PrimitivasTicket.h"
 
-#include "orders/Pedido.h"
-#include "platform/ErrorEjecucion.h"
+#include "base/Conversiones.h"
+#include "base/ErrorEjecucion.h"
+#include "base/Pedido.h"
 #include "printing/ImpresoraDW.h"
-#include "server/Conversiones.h"
 
 #include <limits>
 

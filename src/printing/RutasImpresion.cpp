@@ -1,15 +1,15 @@
 #include "printing/RutasImpresion.h"
 
-#include "orders/Pedido.h"
+#include "base/ClassConfigImpresora.h"
+#include "base/ErrorEjecucion.h"
+#include "base/ModuloPrincipal.h"
+#include "base/Pedido.h"
 #include "platform/CajaMensajes.h"
-#include "platform/ErrorEjecucion.h"
-#include "printing/ClassConfigImpresora.h"
 #include "printing/ImpresoraDW.h"
 #include "printing/TicketClienteDW.h"
 #include "printing/TicketClienteEP.h"
 #include "printing/TicketCocinaDW.h"
 #include "printing/TicketCocinaEP.h"
-#include "shell/ModuloPrincipal.h"
 
 QString TextoSinImpresora() {
     return QStringLiteral("Debe seleccionar una impresora en configuración de impresoras");

@@ -1,9 +1,9 @@
 #include "printing/SalidaEP.h"
 
-#include "platform/Windows1252.h"
+#include "base/Conversiones.h"
+#include "base/Windows1252.h"
 #include "printing/CanalEP.h"
 #include "printing/TablasCaracteresEP.h"
-#include "server/Conversiones.h"
 
 QByteArray BytesComandoEP(const QString& comando) {
     QByteArray bytes;

@@ -1,6 +1,6 @@
 #include "printing/TablasCaracteresEP.h"
 
-#include "platform/Windows1252.h"
+#include "base/Windows1252.h"
 
 #include <QHash>
 

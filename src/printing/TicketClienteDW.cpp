@@ -1,13 +1,13 @@
 #include "printing/TicketClienteDW.h"
 
-#include "orders/Pedido.h"
-#include "platform/ErrorEjecucion.h"
+#include "base/Conversiones.h"
+#include "base/ErrorEjecucion.h"
+#include "base/ModuloPrincipal.h"
+#include "base/Pedido.h"
 #include "printing/EscritorTicketDW.h"
 #include "printing/EscritorTicketEP.h"
 #include "printing/ImpresoraDW.h"
 #include "printing/PrimitivasTicket.h"
-#include "server/Conversiones.h"
-#include "shell/ModuloPrincipal.h"
 
 namespace {
 

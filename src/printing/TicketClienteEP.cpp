@@ -1,14 +1,14 @@
 #include "printing/TicketClienteEP.h"
 
-#include "platform/ErrorEjecucion.h"
+#include "base/Conversiones.h"
+#include "base/ErrorEjecucion.h"
+#include "base/ModuloPrincipal.h"
 #include "printing/CanalEP.h"
 #include "printing/EscritorTicketEP.h"
 #include "printing/MarcoTicketEP.h"
 #include "printing/PrimitivasTicket.h"
 #include "printing/SalidaEP.h"
 #include "printing/TablasCaracteresEP.h"
-#include "server/Conversiones.h"
-#include "shell/ModuloPrincipal.h"
 
 namespace {
 

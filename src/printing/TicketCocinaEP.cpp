@@ -1,13 +1,13 @@
 #include "printing/TicketCocinaEP.h"
 
-#include "platform/ErrorEjecucion.h"
+#include "base/Conversiones.h"
+#include "base/ErrorEjecucion.h"
+#include "base/ModuloPrincipal.h"
 #include "printing/CanalEP.h"
 #include "printing/EscritorTicketEP.h"
 #include "printing/MarcoTicketEP.h"
 #include "printing/PrimitivasTicket.h"
 #include "printing/TablasCaracteresEP.h"
-#include "server/Conversiones.h"
-#include "shell/ModuloPrincipal.h"
 
 #include <limits>
 

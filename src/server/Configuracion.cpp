@@ -1,14 +1,13 @@
 #include "server/Configuracion.h"
 
-#include "orders/Sondeo.h"
-#include "platform/ErrorEjecucion.h"
-#include "printing/LecturaImpresoras.h"
-#include "server/Conversiones.h"
+#include "base/ArchivosLocales.h"
+#include "base/Conversiones.h"
+#include "base/ErrorEjecucion.h"
+#include "base/ModuloPrincipal.h"
 #include "server/LectorJson.h"
+#include "server/LecturaImpresoras.h"
 #include "server/TextoServidor.h"
 #include "server/ValorJson.h"
-#include "shell/ArchivosLocales.h"
-#include "shell/ModuloPrincipal.h"
 
 namespace configuracion {
 
@@ -133,7 +132,7 @@ void MigrarImpresoraAntigua(ModuloPrincipal& m) {
         QStringLiteral("pedidosgprs/obtenerConfiguracion?idEstablecimiento=") +
         QString::number(m.IdEstablecimiento) + QStringLiteral("&passwordconfig=") +
         m.PasswordConfig + QStringLiteral("&modeloImpresora=3"));
-    if (!sondeo::EsLineaPedido(respuesta)) {
+    if (!EsLineaPedido(respuesta)) {
         return;
     }
     QString interior = respuesta.mid(1, respuesta.size() - 2);

@@ -1,6 +1,6 @@
 #include "server/LectorJson.h"
 
-#include "platform/ErrorEjecucion.h"
+#include "base/ErrorEjecucion.h"
 #include "server/cStringBuilder.h"
 
 namespace {

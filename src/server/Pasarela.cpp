@@ -1,9 +1,9 @@
 #include "server/Pasarela.h"
 
+#include "base/ModuloPrincipal.h"
+#include "base/Windows1252.h"
 #include "platform/CanalHttp.h"
 #include "platform/Reloj.h"
-#include "platform/Windows1252.h"
-#include "shell/ModuloPrincipal.h"
 
 namespace {
 
@@ -140,4 +140,21 @@ QByteArray Pasarela::codificarUrl(const QString& url) {
         }
     }
     return r;
+}
+
+Pasarela& ModuloPrincipal::pasarela() {
+    if (!pasarela_) {
+        pasarela_ = std::make_shared<Pasarela>(*this);
+    }
+    return *pasarela_;
+}
+
+void ModuloPrincipal::setCanales(std::unique_ptr<CanalHttp> directo,
+                                 std::unique_ptr<CanalHttp> inet1,
+                                 std::unique_ptr<CanalHttp> inet2) {
+    pasarela().setCanales(std::move(directo), std::move(inet1), std::move(inet2));
+}
+
+QString ModuloPrincipal::ConsultarServidor(const QString& ruta) {
+    return pasarela().ConsultarServidor(ruta);
 }

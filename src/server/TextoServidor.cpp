@@ -1,7 +1,7 @@
 #include "server/TextoServidor.h"
 
-#include "platform/ErrorEjecucion.h"
-#include "platform/Windows1252.h"
+#include "base/ErrorEjecucion.h"
+#include "base/Windows1252.h"
 #include "server/ValorJson.h"
 
 namespace {
@@ -124,4 +124,9 @@ int SoloDecimal(int tecla, const QString& texto) {
         return hayComa ? 0 : 44;
     }
     return SoloDigitos(tecla);
+}
+
+bool EsLineaPedido(const QString& texto) {
+    return texto.size() >= 3 && texto.front() == QLatin1Char('#') &&
+           texto.back() == QLatin1Char('#') && !texto.contains(QLatin1Char('\n'));
 }

@@ -18,6 +18,11 @@ class ColeccionJson;
 // reply: repairing a repaired text damages every character above 127.
 QString ArreglarUtf8(QString& texto);
 
+// The record test "^#.+#$" with the classic defaults: '#' at both ends, at least one
+// character between them, and no line feed anywhere (the dot does not cross it). Orders,
+// status codes and old configurations come in this form.
+bool EsLineaPedido(const QString& texto);
+
 // A query value: ASCII letters and digits stay, a blank becomes "+", anything else "%"
 // and two upper-case hexadecimal digits of its code in the code page.
 QString UrlCodificar(const QString& texto);

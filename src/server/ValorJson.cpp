@@ -1,6 +1,6 @@
 #include "server/ValorJson.h"
 
-#include "platform/ErrorEjecucion.h"
+#include "base/ErrorEjecucion.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "server/Conversiones.h"
+#include "base/Conversiones.h"
 
 #include <QHash>
 #include <QList>

@@ -1,6 +1,6 @@
 #include "server/cStringBuilder.h"
 
-#include "platform/ErrorEjecucion.h"
+#include "base/ErrorEjecucion.h"
 
 void cStringBuilder::crecerPara(qint64 bytesNecesarios) {
     if (bytesNecesarios <= capacidad_) {

@@ -1,13 +1,13 @@
 #include "settings/FormAdmin.h"
 
+#include "base/ArchivosLocales.h"
+#include "base/CifradoAjustes.h"
+#include "base/Conversiones.h"
+#include "base/ModuloPrincipal.h"
+#include "platform/AccesosSesion.h"
 #include "platform/CajaMensajes.h"
 #include "platform/EjecucionProtegida.h"
-#include "server/CifradoAjustes.h"
 #include "server/Configuracion.h"
-#include "server/Conversiones.h"
-#include "shell/AccesosSesion.h"
-#include "shell/ArchivosLocales.h"
-#include "shell/ModuloPrincipal.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>

@@ -1,7 +1,7 @@
 #include "sound/AlertaSonora.h"
 
-#include "platform/ErrorEjecucion.h"
-#include "shell/ModuloPrincipal.h"
+#include "base/ErrorEjecucion.h"
+#include "base/ModuloPrincipal.h"
 #include "sound/ReproductorAudio.h"
 #include "sound/RutasArchivo.h"
 
@@ -154,4 +154,11 @@ void AlertaSonora::setVolumenReproductor(int volumen) {
 
 bool AlertaSonora::musicaOfrecida() const {
     return !m_.CancelarSonido;
+}
+
+AlertaSonora& ModuloPrincipal::sonido() {
+    if (!sonido_) {
+        sonido_ = std::make_shared<AlertaSonora>(*this);
+    }
+    return *sonido_;
 }

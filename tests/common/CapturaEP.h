@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/ModuloPrincipal.h"
 #include "printing/CanalEP.h"
-#include "shell/ModuloPrincipal.h"
 
 #include <QByteArray>
 #include <QHash>

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "base/ModuloPrincipal.h"
 #include "common/CanalFalso.h"
 #include "platform/CajaMensajes.h"
 #include "platform/Reloj.h"
-#include "shell/ModuloPrincipal.h"
 
 #include <QTemporaryDir>
 #include <memory>

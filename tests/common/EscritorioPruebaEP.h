@@ -2,14 +2,14 @@
 
 // Pieces of expected ticket bytes, written from the printer's settings by hand: the default
 // commands of a new raw printer and plain lines in Windows-1252.
+#include "base/ClassConfigImpresora.h"
+#include "base/ModuloPrincipal.h"
+#include "base/Pedido.h"
+#include "base/Windows1252.h"
 #include "common/CapturaEP.h"
 #include "common/ImpresoraEPDeSerie.h"
-#include "orders/Pedido.h"
 #include "platform/CajaMensajes.h"
 #include "platform/Reloj.h"
-#include "platform/Windows1252.h"
-#include "printing/ClassConfigImpresora.h"
-#include "shell/ModuloPrincipal.h"
 
 #include <QByteArray>
 #include <QString>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "printing/ClassConfigImpresora.h"
+#include "base/ClassConfigImpresora.h"
 
 // A raw printer of 48 columns with the usual command bytes, one accepted copy and none of the
 // optional blocks: the settings a new raw printer gets from the service.

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "base/ModuloPrincipal.h"
 #include "common/ReproductorGrabador.h"
 #include "common/SimuladorPrueba.h"
 #include "platform/CajaMensajes.h"
 #include "platform/Temporizador.h"
 #include "shell/Form1.h"
-#include "shell/ModuloPrincipal.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>

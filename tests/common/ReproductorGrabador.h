@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ErrorEjecucion.h"
+#include "base/ErrorEjecucion.h"
 #include "sound/AlertaSonora.h"
 #include "sound/ReproductorAudio.h"
 

@@ -1,13 +1,13 @@
+#include "base/ArchivosLocales.h"
+#include "base/CifradoAjustes.h"
+#include "base/ModuloPrincipal.h"
 #include "common/DocumentoConfiguracion.h"
 #include "common/EscritorioPrueba.h"
 #include "common/SimuladorPrueba.h"
 #include "platform/CajaMensajes.h"
 #include "platform/Temporizador.h"
-#include "server/CifradoAjustes.h"
 #include "settings/FormAdmin.h"
-#include "shell/ArchivosLocales.h"
 #include "shell/Form1.h"
-#include "shell/ModuloPrincipal.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -1,11 +1,11 @@
 // The main window's gateway, with its real HTTP channels, against the stand-in service.
+#include "base/ModuloPrincipal.h"
 #include "common/EscritorioPrueba.h"
 #include "common/SimuladorPrueba.h"
 #include "platform/CajaMensajes.h"
 #include "platform/CanalHttp.h"
 #include "platform/Controles_ui.h"
 #include "shell/Form1.h"
-#include "shell/ModuloPrincipal.h"
 
 #include <QLineEdit>
 #include <gtest/gtest.h>

@@ -1,5 +1,7 @@
 // The desk in this process answers orders against the stand-in service and prints on three
 // raw printers that listen on TCP in a thread of their own, as network printers would.
+#include "base/ModuloPrincipal.h"
+#include "base/Windows1252.h"
 #include "common/ImpresoraEPDeSerie.h"
 #include "common/SimuladorPrueba.h"
 #include "orders/FormAceptarPedido.h"
@@ -8,9 +10,7 @@
 #include "platform/CajaMensajes.h"
 #include "platform/CanalHttp.h"
 #include "platform/Temporizador.h"
-#include "platform/Windows1252.h"
 #include "shell/Form1.h"
-#include "shell/ModuloPrincipal.h"
 
 #include <QPushButton>
 #include <QTemporaryDir>

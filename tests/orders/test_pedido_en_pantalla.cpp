@@ -1,6 +1,7 @@
 #include "common/CapturaEP.h"
 // The desk in this process against the stand-in service over loopback: an order arrives
 // on a poll and goes on screen.
+#include "base/ModuloPrincipal.h"
 #include "common/Entorno.h"
 #include "common/EscritorioPrueba.h"
 #include "common/MostradorSimulado.h"
@@ -12,7 +13,6 @@
 #include "platform/Controles_ui.h"
 #include "platform/Temporizador.h"
 #include "shell/Form1.h"
-#include "shell/ModuloPrincipal.h"
 #include "sound/AlertaSonora.h"
 
 #include <QAction>

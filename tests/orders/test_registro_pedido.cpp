@@ -1,6 +1,6 @@
+#include "base/Windows1252.h"
 #include "common/Entorno.h"
 #include "orders/RegistroPedido.h"
-#include "platform/Windows1252.h"
 
 #include <gtest/gtest.h>
 

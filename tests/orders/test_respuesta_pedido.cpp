@@ -1,8 +1,8 @@
 // Answering an order without windows: the call, the reason, the print around the send.
+#include "base/ClassConfigImpresora.h"
 #include "common/CapturaEP.h"
 #include "common/Entorno.h"
 #include "orders/RespuestaPedido.h"
-#include "printing/ClassConfigImpresora.h"
 
 #include <gtest/gtest.h>
 

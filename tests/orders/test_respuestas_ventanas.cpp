@@ -1,5 +1,7 @@
 // Answering an order by hand, as the staff do, against the stand-in service over loopback.
 // The service records queries as they came over the wire: blanks as %20, others raw.
+#include "base/ModuloPrincipal.h"
+#include "base/Windows1252.h"
 #include "common/CapturaEP.h"
 #include "common/MostradorSimulado.h"
 #include "common/ReproductorGrabador.h"
@@ -11,9 +13,7 @@
 #include "orders/RespuestasPedido_ui.h"
 #include "platform/CajaMensajes.h"
 #include "platform/Temporizador.h"
-#include "platform/Windows1252.h"
 #include "shell/Form1.h"
-#include "shell/ModuloPrincipal.h"
 #include "sound/AlertaSonora.h"
 
 #include <QComboBox>

@@ -1,5 +1,6 @@
 #include "common/Entorno.h"
 #include "orders/Sondeo.h"
+#include "server/TextoServidor.h"
 
 #include <gtest/gtest.h>
 
@@ -19,16 +20,16 @@ TEST(Sondeo, LaPeticionLlevaLosValoresEnSuOrden) {
 }
 
 TEST(Sondeo, LaLineaDePedidoSigueElPatronClasico) {
-    EXPECT_TRUE(sondeo::EsLineaPedido(QStringLiteral("#a#")));
-    EXPECT_TRUE(sondeo::EsLineaPedido(QStringLiteral("#1*2*3#")));
-    EXPECT_TRUE(sondeo::EsLineaPedido(QStringLiteral("###")));
-    EXPECT_TRUE(sondeo::EsLineaPedido(QStringLiteral("#a\rb#")));
-    EXPECT_FALSE(sondeo::EsLineaPedido(QStringLiteral("##")));
-    EXPECT_FALSE(sondeo::EsLineaPedido(QStringLiteral("#")));
-    EXPECT_FALSE(sondeo::EsLineaPedido(QStringLiteral("#a\nb#")));
-    EXPECT_FALSE(sondeo::EsLineaPedido(QStringLiteral(" #a#")));
-    EXPECT_FALSE(sondeo::EsLineaPedido(QStringLiteral("#a# ")));
-    EXPECT_FALSE(sondeo::EsLineaPedido(QString()));
+    EXPECT_TRUE(EsLineaPedido(QStringLiteral("#a#")));
+    EXPECT_TRUE(EsLineaPedido(QStringLiteral("#1*2*3#")));
+    EXPECT_TRUE(EsLineaPedido(QStringLiteral("###")));
+    EXPECT_TRUE(EsLineaPedido(QStringLiteral("#a\rb#")));
+    EXPECT_FALSE(EsLineaPedido(QStringLiteral("##")));
+    EXPECT_FALSE(EsLineaPedido(QStringLiteral("#")));
+    EXPECT_FALSE(EsLineaPedido(QStringLiteral("#a\nb#")));
+    EXPECT_FALSE(EsLineaPedido(QStringLiteral(" #a#")));
+    EXPECT_FALSE(EsLineaPedido(QStringLiteral("#a# ")));
+    EXPECT_FALSE(EsLineaPedido(QString()));
 }
 
 TEST(Sondeo, LaPrimeraFilaQueCoincideGana) {

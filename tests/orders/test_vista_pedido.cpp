@@ -1,9 +1,9 @@
+#include "base/ErrorEjecucion.h"
 #include "common/Entorno.h"
 #include "common/NumeroDeError.h"
 #include "orders/AceptacionAutomatica.h"
 #include "orders/PartirEnLineas.h"
 #include "orders/VistaPedido.h"
-#include "platform/ErrorEjecucion.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 // A driver printer as a new one is set up, with a short separator so that ticket lines stay
 // readable in the expectations.
-#include "printing/ClassConfigImpresora.h"
+#include "base/ClassConfigImpresora.h"
 
 inline ClassConfigImpresora impresoraDW(const QString& nombre, bool cocina = false) {
     ClassConfigImpresora i;

@@ -1,7 +1,7 @@
 // Widths, word wrap, the driver line and the estimated delivery time.
+#include "base/ErrorEjecucion.h"
+#include "base/Pedido.h"
 #include "common/ImpresoraDWGrabadora.h"
-#include "orders/Pedido.h"
-#include "platform/ErrorEjecucion.h"
 #include "printing/PrimitivasTicket.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 // Command settings, the character tables and the line writer, checked byte by byte.
+#include "base/ErrorEjecucion.h"
+#include "base/Windows1252.h"
 #include "common/CapturaEP.h"
 #include "common/NumeroDeError.h"
-#include "platform/ErrorEjecucion.h"
-#include "platform/Windows1252.h"
 #include "printing/SalidaEP.h"
 #include "printing/TablasCaracteresEP.h"
 

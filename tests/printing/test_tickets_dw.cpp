@@ -1,9 +1,9 @@
 // The driver tickets on a recording printer: which lines, at which size and height. The
 // recorder moves down 20 twips per point of the font for each printed line.
+#include "base/ErrorEjecucion.h"
 #include "common/EscritorioPruebaEP.h"
 #include "common/ImpresoraDWGrabadora.h"
 #include "impresora_dw_prueba.h"
-#include "platform/ErrorEjecucion.h"
 #include "printing/TicketClienteDW.h"
 #include "printing/TicketCocinaDW.h"
 

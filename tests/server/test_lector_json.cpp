@@ -1,5 +1,5 @@
+#include "base/ErrorEjecucion.h"
 #include "common/ImprimirQString.h"
-#include "platform/ErrorEjecucion.h"
 #include "server/LectorJson.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
+#include "base/ErrorEjecucion.h"
 #include "common/ImprimirQString.h"
 #include "common/NumeroDeError.h"
-#include "platform/ErrorEjecucion.h"
 #include "server/cStringBuilder.h"
 
 #include <functional>

@@ -1,6 +1,6 @@
+#include "base/ErrorEjecucion.h"
+#include "base/Windows1252.h"
 #include "common/ImprimirQString.h"
-#include "platform/ErrorEjecucion.h"
-#include "platform/Windows1252.h"
 #include "server/TextoServidor.h"
 #include "server/ValorJson.h"
 

@@ -1,8 +1,8 @@
+#include "base/ArchivosLocales.h"
+#include "base/CifradoAjustes.h"
 #include "common/DocumentoConfiguracion.h"
 #include "common/Entorno.h"
-#include "server/CifradoAjustes.h"
 #include "settings/FormAdmin.h"
-#include "shell/ArchivosLocales.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -1,10 +1,10 @@
+#include "base/ArchivosLocales.h"
+#include "base/CifradoAjustes.h"
 #include "common/DocumentoConfiguracion.h"
 #include "common/Entorno.h"
 #include "platform/Controles_ui.h"
 #include "platform/Temporizador.h"
-#include "server/CifradoAjustes.h"
 #include "settings/FormAdmin.h"
-#include "shell/ArchivosLocales.h"
 #include "shell/Form1.h"
 
 #include <QAction>

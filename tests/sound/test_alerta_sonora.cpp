@@ -1,7 +1,7 @@
 // The alert melody over recording players: which file, which player, the captions and
 // LabelInfo texts, the repeat rule, the switch-off and the failures.
+#include "base/ModuloPrincipal.h"
 #include "common/ReproductorGrabador.h"
-#include "shell/ModuloPrincipal.h"
 #include "sound/AlertaSonora.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 // The two real players over the media stack, on real melody files: states, restarts,
 // stops by name, and the end of a melody reading "Detenido" so that the repeat can act.
-#include "shell/ModuloPrincipal.h"
+#include "base/ModuloPrincipal.h"
 #include "sound/AlertaSonora.h"
 #include "sound/ReproductoresQt_ui.h"
 

@@ -2,12 +2,12 @@
 //   captura_pedido <folder>
 // Meant to run on a real or virtual screen (xvfb-run), so the pictures show the
 // platform's own look.
+#include "base/ModuloPrincipal.h"
+#include "base/Windows1252.h"
 #include "orders/FormPedidoNuevo.h"
 #include "orders/RegistroPedido.h"
 #include "orders/VentanaPedido_ui.h"
 #include "platform/Temporizador.h"
-#include "platform/Windows1252.h"
-#include "shell/ModuloPrincipal.h"
 
 #include <QApplication>
 #include <QDir>

@@ -3,10 +3,10 @@
 // start-up entry refused, leaving the user's session alone.
 //
 //   preparar_config --carpeta=DIR [--id=7] [--password=clave] [--numconfig=1]
-#include "platform/ErrorEjecucion.h"
-#include "server/CifradoAjustes.h"
-#include "shell/ArchivosLocales.h"
-#include "shell/ModuloPrincipal.h"
+#include "base/ArchivosLocales.h"
+#include "base/CifradoAjustes.h"
+#include "base/ErrorEjecucion.h"
+#include "base/ModuloPrincipal.h"
 
 #include <QCoreApplication>
 #include <QDir>

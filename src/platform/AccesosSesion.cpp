@@ -1,7 +1,7 @@
-#include "shell/AccesosSesion.h"
+#include "platform/AccesosSesion.h"
 
-#include "platform/ErrorEjecucion.h"
-#include "shell/ModuloPrincipal.h"
+#include "base/ErrorEjecucion.h"
+#include "base/ModuloPrincipal.h"
 
 #include <QDir>
 #include <QFile>

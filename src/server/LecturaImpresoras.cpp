@@ -1,6 +1,6 @@
-#include "printing/LecturaImpresoras.h"
+#include "server/LecturaImpresoras.h"
 
-#include "platform/ErrorEjecucion.h"
+#include "base/ErrorEjecucion.h"
 #include "server/TextoServidor.h"
 #include "server/ValorJson.h"
 

@@ -1,9 +1,9 @@
+#include "base/ArchivosLocales.h"
+#include "base/CifradoAjustes.h"
+#include "base/ErrorEjecucion.h"
+#include "base/ModuloPrincipal.h"
 #include "common/ImprimirQString.h"
 #include "common/NumeroDeError.h"
-#include "platform/ErrorEjecucion.h"
-#include "server/CifradoAjustes.h"
-#include "shell/ArchivosLocales.h"
-#include "shell/ModuloPrincipal.h"
 
 #include <QDir>
 #include <QFile>

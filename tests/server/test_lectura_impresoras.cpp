@@ -1,7 +1,7 @@
-#include "platform/ErrorEjecucion.h"
-#include "printing/LecturaImpresoras.h"
+#include "base/ErrorEjecucion.h"
 #include "printing/MiembrosImpresora.h"
 #include "server/LectorJson.h"
+#include "server/LecturaImpresoras.h"
 #include "server/ValorJson.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
+#include "base/Conversiones.h"
+#include "base/ErrorEjecucion.h"
 #include "common/ImprimirQString.h"
 #include "common/NumeroDeError.h"
-#include "platform/ErrorEjecucion.h"
-#include "server/Conversiones.h"
 
 #include <functional>
 #include <gtest/gtest.h>

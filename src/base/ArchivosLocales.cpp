@@ -1,9 +1,9 @@
-#include "shell/ArchivosLocales.h"
+#include "base/ArchivosLocales.h"
 
-#include "platform/ErrorEjecucion.h"
-#include "platform/Windows1252.h"
-#include "server/CifradoAjustes.h"
-#include "shell/ModuloPrincipal.h"
+#include "base/CifradoAjustes.h"
+#include "base/ErrorEjecucion.h"
+#include "base/ModuloPrincipal.h"
+#include "base/Windows1252.h"
 
 #include <QByteArray>
 #include <QDir>

@@ -1,5 +1,5 @@
 #include "common/Entorno.h"
-#include "shell/AccesosSesion.h"
+#include "platform/AccesosSesion.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,7 +1,7 @@
-#include "server/Conversiones.h"
+#include "base/Conversiones.h"
 
-#include "platform/ErrorEjecucion.h"
-#include "platform/Windows1252.h"
+#include "base/ErrorEjecucion.h"
+#include "base/Windows1252.h"
 
 #include <QTimeZone>
 #include <array>

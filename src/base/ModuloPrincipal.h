@@ -1,7 +1,7 @@
 #pragma once
 
-#include "orders/Pedido.h"
-#include "printing/ClassConfigImpresora.h"
+#include "base/ClassConfigImpresora.h"
+#include "base/Pedido.h"
 
 #include <QDateTime>
 #include <QObject>
@@ -20,8 +20,8 @@ class ImpresorasDW;
 
 // The program's one piece of global state: identification, configuration variables,
 // the order record, the printer slots and the flags. The program makes one; each test
-// makes its own. Platform services (clock, message boxes, HTTP channels) are owned here
-// and can be replaced before use.
+// makes its own. The services every part uses (clock, message boxes, the gateway, the
+// sound, the printing channels) are owned here and can be replaced before use.
 class ModuloPrincipal : public QObject {
     Q_OBJECT
 public:
@@ -31,18 +31,21 @@ public:
     static inline const QString ServidorPorDefecto = QStringLiteral("pedidos.tarvimenta.com/api/");
 
     explicit ModuloPrincipal(QObject* padre = nullptr);
-    ~ModuloPrincipal() override;
 
-    // --- platform services ---------------------------------------------------------
-    Reloj& reloj() const { return *reloj_; }
-    CajaMensajes& cajas() const { return *cajas_; }
-    Pasarela& pasarela() const { return *pasarela_; }
+    // --- services ----------------------------------------------------------------------
+    // Each service is made on first use by the subsystem that provides it: its accessor is
+    // defined beside the service (platform/, server/, sound/, printing/), so the program's
+    // state needs none of their definitions and stays at the bottom of the house. Tests and
+    // the window side replace them before use.
+    Reloj& reloj() const;
+    CajaMensajes& cajas() const;
+    Pasarela& pasarela();
     // The alert melody (its players are set by the window side).
-    AlertaSonora& sonido() const { return *sonido_; }
+    AlertaSonora& sonido();
     // The one channel of raw ticket printing (tests replace its opener).
-    CanalEP& canalEP() const { return *canalEP_; }
+    CanalEP& canalEP() const;
     // The system's driver printers (none until the window side installs its own).
-    ImpresorasDW& impresorasDW() const { return *impresorasDW_; }
+    ImpresorasDW& impresorasDW() const;
     void setImpresorasDW(std::unique_ptr<ImpresorasDW> i);
     void setReloj(std::unique_ptr<Reloj> r);
     void setCajas(std::unique_ptr<CajaMensajes> c);
@@ -155,10 +158,12 @@ Q_SIGNALS:
     void actualizarAgotados();
 
 private:
-    std::unique_ptr<Reloj> reloj_;
-    std::unique_ptr<CajaMensajes> cajas_;
-    std::unique_ptr<Pasarela> pasarela_;
-    std::unique_ptr<AlertaSonora> sonido_;
-    std::unique_ptr<CanalEP> canalEP_;
-    std::unique_ptr<ImpresorasDW> impresorasDW_;
+    // shared_ptr: each keeps the deleter of the type it was made with, so this class is
+    // destroyed without their definitions.
+    mutable std::shared_ptr<Reloj> reloj_;
+    mutable std::shared_ptr<CajaMensajes> cajas_;
+    std::shared_ptr<Pasarela> pasarela_;
+    std::shared_ptr<AlertaSonora> sonido_;
+    mutable std::shared_ptr<CanalEP> canalEP_;
+    mutable std::shared_ptr<ImpresorasDW> impresorasDW_;
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "printing/ClassConfigImpresora.h"
+#include "base/ClassConfigImpresora.h"
 
 #include <array>
 

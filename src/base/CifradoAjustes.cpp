@@ -1,7 +1,7 @@
-#include "server/CifradoAjustes.h"
+#include "base/CifradoAjustes.h"
 
-#include "platform/ErrorEjecucion.h"
-#include "platform/Windows1252.h"
+#include "base/ErrorEjecucion.h"
+#include "base/Windows1252.h"
 
 #include <array>
 #include <utility>

@@ -1,4 +1,4 @@
-#include "platform/ErrorEjecucion.h"
+#include "base/ErrorEjecucion.h"
 
 ErrorEjecucion::ErrorEjecucion(int numero) : ErrorEjecucion(numero, textoDe(numero)) {}
 
