@@ -5,9 +5,9 @@
 #include "base/ModuloPrincipal.h"
 #include "base/Windows1252.h"
 #include "orders/RegistroPedido.h"
-#include "orders/Sondeo.h"
 #include "orders/VistaPedido.h"
 #include "platform/CajaMensajes.h"
+#include "server/TextoServidor.h"
 
 #include <QCoreApplication>
 #include <cstddef>
@@ -50,7 +50,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* datos, size_t n) {
     // anything at all.
     QString respuesta =
         cp1252::aTexto(reinterpret_cast<const char*>(datos + 1), static_cast<qsizetype>(n - 1));
-    if ((ajustes & 4) != 0 && !sondeo::EsLineaPedido(respuesta)) {
+    if ((ajustes & 4) != 0 && !EsLineaPedido(respuesta)) {
         return 0;
     }
     const QString resumen = ParsearPedido(m, respuesta);
