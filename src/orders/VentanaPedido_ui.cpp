@@ -5,6 +5,7 @@
 #include "orders/VistaPedido.h"
 #include "platform/Controles_ui.h"
 
+#include <QFontMetrics>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLayout>
@@ -90,6 +91,18 @@ void rellenarProductos(ModuloPrincipal& m, QWidget* ventana) {
         items.append(item);
     }
     lista->addTopLevelItems(items); // the list owns them
+    // Units and prices are never cut: at a large font their columns widen to what they hold.
+    const QFontMetrics fm(lista->font());
+    const int holgura = fm.horizontalAdvance(QLatin1Char('0'));
+    for (const int columna : {1, 3}) {
+        int necesario = lista->header()->sectionSizeHint(columna);
+        for (const QTreeWidgetItem* item : items) {
+            necesario = std::max(necesario, fm.horizontalAdvance(item->text(columna)) + holgura);
+        }
+        if (lista->columnWidth(columna) < necesario) {
+            lista->setColumnWidth(columna, necesario);
+        }
+    }
 }
 
 } // namespace
