@@ -7,6 +7,7 @@
 #include "printing/TicketCocinaDW.h"
 
 #include <QFile>
+#include <QMap>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -141,6 +142,52 @@ TEST_F(ImpresionPdf, TicketDeCocinaEnPdfYNadaCuandoNoLeToca) {
     ImprimirTicketCocinaDW(m, *otra, i);
     EXPECT_TRUE(otra->ficherosPdf().isEmpty());
     EXPECT_FALSE(QFile::exists(carpeta + "/ticket-cocina-vacio.pdf"));
+}
+
+// Runs a poppler tool on a PDF and gives its standard output.
+QString poppler(const QString& programa, const QStringList& argumentos) {
+    QProcess p;
+    p.start(programa, argumentos);
+    if (!p.waitForFinished(30000) || p.exitCode() != 0) {
+        ADD_FAILURE() << programa.toStdString()
+                      << " failed: " << p.readAllStandardError().toStdString();
+        return {};
+    }
+    return QString::fromUtf8(p.readAllStandardOutput());
+}
+
+TEST_F(ImpresionPdf, ConLaConfiguracionDeSerieLosPreciosAcabanEnLaMismaColumna) {
+    // A new printer's face ("Lucida Console") is not on a Linux machine as a rule.
+    auto impresora = pdf("fuente-de-serie.pdf");
+    ImprimirTicketDW(m, *impresora, impresoraDW("Mostrador"));
+    ASSERT_EQ(impresora->ficherosPdf().size(), 1);
+    const QString ruta = impresora->ficherosPdf()[0];
+
+    // Every face embedded is a fixed-pitch one.
+    const QStringList filas = poppler("pdffonts", {ruta}).split(u'\n', Qt::SkipEmptyParts);
+    ASSERT_GT(filas.size(), 2) << "no font in the document";
+    for (const QString& fila : filas.mid(2)) {
+        EXPECT_TRUE(fila.contains("Mono") || fila.contains("Lucida")) << fila.toStdString();
+    }
+
+    // The right edge of each amount that the ticket pads to the line's end.
+    const QString cajas = poppler("pdftotext", {"-bbox", ruta, "-"});
+    static const QRegularExpression palabra(
+        "<word xMin=\"[\\d.]+\" yMin=\"[\\d.]+\" xMax=\"([\\d.]+)\" [^>]*>([^<]*)</word>");
+    QMap<QString, double> bordes;
+    for (auto it = palabra.globalMatch(cajas); it.hasNext();) {
+        const auto m = it.next();
+        bordes.insert(m.captured(2), m.captured(1).toDouble());
+    }
+    for (const QString& importe : {u"9,50€"_qs, u"7,25€"_qs, u"25,75€"_qs}) {
+        ASSERT_TRUE(bordes.contains(importe)) << importe.toStdString() << "\n"
+                                              << cajas.toStdString();
+    }
+    // The product prices, at the small size, end at one x.
+    EXPECT_NEAR(bordes[u"7,25€"_qs], bordes[u"9,50€"_qs], 0.5);
+    // The total is at the large size, whose line holds a whole number of its characters: it
+    // ends within half a character (of 14 points) of them.
+    EXPECT_NEAR(bordes[u"25,75€"_qs], bordes[u"9,50€"_qs], 0.6 * 14 / 2);
 }
 
 TEST_F(ImpresionPdf, DosCopiasSonDosDocumentos) {
