@@ -91,16 +91,18 @@ void rellenarProductos(ModuloPrincipal& m, QWidget* ventana) {
         items.append(item);
     }
     lista->addTopLevelItems(items); // the list owns them
-    // Units and prices are never cut: at a large font their columns widen to what they hold.
+    // Units and prices are never cut: when a large font leaves them no room, their columns
+    // widen to what they and their headings hold.
     const QFontMetrics fm(lista->font());
     const int holgura = fm.horizontalAdvance(QLatin1Char('0'));
     for (const int columna : {1, 3}) {
-        int necesario = lista->header()->sectionSizeHint(columna);
+        int necesario = 0;
         for (const QTreeWidgetItem* item : items) {
             necesario = std::max(necesario, fm.horizontalAdvance(item->text(columna)) + holgura);
         }
         if (lista->columnWidth(columna) < necesario) {
-            lista->setColumnWidth(columna, necesario);
+            lista->setColumnWidth(columna,
+                                  std::max(necesario, lista->header()->sectionSizeHint(columna)));
         }
     }
 }

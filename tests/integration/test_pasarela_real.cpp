@@ -109,31 +109,24 @@ TEST_F(GatewayReal, LosCuerposLleganByteAByteComoTexto) {
 }
 
 // A value written raw into a query (a password, a reason, an answer) reaches the service
-// whole through every transport: each byte either travels as it is or as its escape.
+// whole through both transports: each byte travels as it is or as its escape.
 TEST_F(GatewayReal, CadaByteDeUnValorCrudoLlegaAlServicio) {
     m.UrlBase = m.UrlBaseHttp;
-    QString valor;
+    QString valor = QStringLiteral("áÑ€ü%zz%4");
     for (char16_t c = 0x20; c < 0x7F; ++c) {
         valor += QChar(c);
     }
-    valor += QStringLiteral("áÑ€ü%zz%4");
     const QString consulta = "passwordconfig=" + valor + "&fha=1";
-    const QByteArray enviado = QByteArray("passwordconfig=") + cp1252::aBytes(valor) + "&fha=1";
-    // What the service reads: every escape decoded. A raw "%" byte of the value can only
-    // arrive escaped, so the check decodes once.
-    auto leido = [](const QString& crudo) {
-        return QByteArray::fromPercentEncoding(crudo.toLatin1());
-    };
-
     m.pasarela().LeerUrlDirecto(m.UrlBase + "prueba/directo?" + consulta);
     m.pasarela().LeerUrlInet1(m.UrlBase + "prueba/inet?" + consulta);
     const auto r = sim.registro();
     ASSERT_EQ(r.size(), 2);
     for (const auto& e : r) {
-        SCOPED_TRACE(e.ruta.toStdString());
-        EXPECT_EQ(leido(e.consulta), enviado) << e.consulta.toStdString();
+        SCOPED_TRACE(e.consulta.toStdString());
+        EXPECT_EQ(QByteArray::fromPercentEncoding(e.consulta.toLatin1()),
+                  "passwordconfig=" + cp1252::aBytes(valor) + "&fha=1");
         // What a request line carries raw goes raw: queries that were right stay the same.
-        for (const char c : QByteArray("abcXYZ019-._~!$&'()*+,;=:@/?[]")) {
+        for (const char c : QByteArray("azAZ09-._~!$&'()*+,;=:@/?[]")) {
             EXPECT_TRUE(e.consulta.contains(QLatin1Char(c))) << c;
         }
         for (const char* escape : {"%23", "%25zz", "%254", "%20", "%E1", "%80"}) {

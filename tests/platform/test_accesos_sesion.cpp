@@ -41,24 +41,19 @@ const QByteArray kEntrada = "[Desktop Entry]\nType=Application\nName=TarvimentaP
 } // namespace
 
 TEST_F(AccesosSesion_, ElEscritorioEsElDeLaSesionEnSuIdioma) {
-    struct Caso {
-        const char* dirs; // user-dirs.dirs, or nullptr for none
+    const struct {
+        const char* dirs; // user-dirs.dirs, or none
         const char* escritorio;
-    };
-    const Caso casos[] = {
+    } casos[] = {
         {nullptr, "Desktop"},
         {"XDG_DESKTOP_DIR=\"$HOME/Escritorio\"\n", "Escritorio"},
-        {"# comentario\nXDG_DOWNLOAD_DIR=\"$HOME/Descargas\"\n"
-         "XDG_DESKTOP_DIR=\"$HOME/Mesa de trabajo\"\n",
+        {"# c\nXDG_DOWNLOAD_DIR=\"$HOME/D\"\nXDG_DESKTOP_DIR=\"$HOME/Mesa de trabajo\"\n",
          "Mesa de trabajo"},
-        {"XDG_DESKTOP_DIR=\"$HOME/\"\n", "Desktop"}, // no desktop folder of its own
-        {"XDG_MUSIC_DIR=\"$HOME/Musica\"\n", "Desktop"},
+        {"XDG_DESKTOP_DIR=\"$HOME/\"\n", "Desktop"}, // the home itself: none of its own
     };
-    for (const Caso& c : casos) {
+    for (const auto& c : casos) {
         QFile::remove(en(".config/user-dirs.dirs"));
-        if (c.dirs != nullptr) {
-            ASSERT_TRUE(Escribir(en(".config/user-dirs.dirs"), c.dirs));
-        }
+        ASSERT_TRUE(c.dirs == nullptr || Escribir(en(".config/user-dirs.dirs"), c.dirs));
         EXPECT_EQ(accesos::CarpetaEscritorio(entorno), en(c.escritorio)) << c.escritorio;
     }
     // An absolute path, read from XDG_CONFIG_HOME.
@@ -71,43 +66,30 @@ TEST_F(AccesosSesion_, ElEscritorioEsElDeLaSesionEnSuIdioma) {
 }
 
 TEST_F(AccesosSesion_, UnaCuentaNuevaArrancaConLaSesionConYSinSusCarpetas) {
-    struct Caso {
-        const char* nombre;
+    const struct {
         QStringList carpetas; // made before the desk starts
         bool configPropia;    // XDG_CONFIG_HOME set elsewhere
-    };
-    const Caso casos[] = {
-        {"sin carpetas", {}, false},
-        {"con carpetas", {"Escritorio", ".config/autostart"}, false},
-        {"solo escritorio", {"Escritorio"}, false},
-        {"XDG_CONFIG_HOME", {}, true},
-    };
-    for (const Caso& c : casos) {
-        SCOPED_TRACE(c.nombre);
+    } casos[] = {{{}, false}, {{"Escritorio", ".config/autostart"}, false}, {{}, true}};
+    for (const auto& c : casos) {
+        SCOPED_TRACE(c.carpetas.join(' ').toStdString() + (c.configPropia ? " XDG" : ""));
         QTemporaryDir h;
         QTemporaryDir config;
         QProcessEnvironment env;
         env.insert(QStringLiteral("HOME"), h.path());
-        const QString raizConfig = c.configPropia ? config.path() : h.filePath(".config");
-        if (c.configPropia) {
-            env.insert(QStringLiteral("XDG_CONFIG_HOME"), config.path());
-        }
-        ASSERT_TRUE(
-            Escribir(raizConfig + "/user-dirs.dirs", "XDG_DESKTOP_DIR=\"$HOME/Escritorio\"\n"));
+        const QString raiz = c.configPropia ? config.path() : h.filePath(".config");
+        env.insert(QStringLiteral("XDG_CONFIG_HOME"), raiz);
+        ASSERT_TRUE(Escribir(raiz + "/user-dirs.dirs", "XDG_DESKTOP_DIR=\"$HOME/Escritorio\"\n"));
         for (const QString& carpeta : c.carpetas) {
             QDir(h.path()).mkpath(carpeta);
         }
-        e.m.RutaAccesoEscritorio.clear();
-        e.m.RutaAccesoInicio.clear();
         accesos::PrepararRutas(e.m, env);
         AgregarInicioWindows(e.m, env);
         EXPECT_EQ(Contenido(h.filePath("Escritorio/TarvimentaPedidos.desktop")), kEntrada);
-        EXPECT_EQ(Contenido(raizConfig + "/autostart/TarvimentaPedidos.desktop"), kEntrada);
-        EXPECT_FALSE(QFile::exists(h.filePath("Desktop"))) << "no second desktop";
-        EXPECT_FALSE(QFile::exists(raizConfig + "/TarvimentaPedidos")) << "no inert file";
-
+        EXPECT_EQ(Contenido(raiz + "/autostart/TarvimentaPedidos.desktop"), kEntrada);
+        EXPECT_FALSE(QFile::exists(h.filePath("Desktop")));
+        EXPECT_FALSE(QFile::exists(raiz + "/TarvimentaPedidos")) << "no inert file";
         QuitarInicioWindows(e.m, env);
-        EXPECT_FALSE(QFile::exists(raizConfig + "/autostart/TarvimentaPedidos.desktop"));
+        EXPECT_FALSE(QFile::exists(raiz + "/autostart/TarvimentaPedidos.desktop"));
         EXPECT_TRUE(QFile::exists(h.filePath("Escritorio/TarvimentaPedidos.desktop")));
     }
     EXPECT_TRUE(info.isEmpty());

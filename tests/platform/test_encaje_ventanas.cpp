@@ -1,5 +1,5 @@
-// Windows open whole and centred on the screen they show on, the new-order window with a long
-// order and the largest font included. Run also on a 1024x768 screen (tests/CMakeLists.txt).
+// Windows open whole and centred on their screen, the new-order window with a long order at
+// the largest font included. Also run on a 1024x768 screen (tests/CMakeLists.txt).
 #include "base/ModuloPrincipal.h"
 #include "orders/FormAceptarPedido.h"
 #include "orders/FormPedidoNuevo.h"
@@ -21,29 +21,24 @@
 namespace {
 
 TEST(GeometriaEncajada, CabeCentradaYNuncaMenorQueSuMinimo) {
-    const QRect area(0, 0, 1024, 740); // a panel takes the bottom 28 pixels
+    // A panel takes the bottom 28 pixels; the frame has a 24-pixel title bar.
+    const QRect area(0, 0, 1024, 740);
     const QMargins marco(4, 24, 4, 4);
-    struct Caso {
+    const struct {
         QSize pedido, minimo;
         QRect esperada;
+    } casos[] = {
+        {{640, 480}, {100, 100}, {192, 140, 640, 480}}, // fits: centred with its frame
+        {{640, 820}, {300, 400}, {192, 24, 640, 712}},  // too tall
+        {{2000, 2000}, {300, 400}, {4, 24, 1016, 712}}, // too wide and too tall
+        {{640, 900}, {300, 800}, {192, 24, 640, 800}},  // the minimum wins, title on screen
     };
-    const Caso casos[] = {
-        // Fits: its own size, centred with its frame.
-        {{640, 480}, {100, 100}, {QPoint(192, 140), QSize(640, 480)}},
-        // Too tall: as tall as the area less the frame, at the top.
-        {{640, 820}, {300, 400}, {QPoint(192, 24), QSize(640, 712)}},
-        // Too wide and too tall.
-        {{2000, 2000}, {300, 400}, {QPoint(4, 24), QSize(1016, 712)}},
-        // A minimum larger than the area wins, and the title bar stays on screen.
-        {{640, 900}, {300, 800}, {QPoint(192, 24), QSize(640, 800)}},
-    };
-    for (const Caso& c : casos) {
-        EXPECT_EQ(GeometriaEncajada(area, c.pedido, c.minimo, marco), c.esperada)
-            << c.pedido.width() << "x" << c.pedido.height();
+    for (const auto& c : casos) {
+        EXPECT_EQ(GeometriaEncajada(area, c.pedido, c.minimo, marco), c.esperada);
     }
-    // An area that does not start at the origin (a second screen, a panel on the left).
-    EXPECT_EQ(GeometriaEncajada(QRect(1280, 30, 800, 600), {400, 300}, {}, {}),
-              QRect(QPoint(1480, 180), QSize(400, 300)));
+    // A second screen, or a panel on the left.
+    EXPECT_EQ(GeometriaEncajada({1280, 30, 800, 600}, {400, 300}, {}, {}),
+              QRect(1480, 180, 400, 300));
 }
 
 class EncajeVentanasPrueba : public ::testing::Test {
@@ -55,23 +50,21 @@ protected:
 
     static QRect area() { return QGuiApplication::primaryScreen()->availableGeometry(); }
 
-    // Inside the area, and centred in it (within a pixel of rounding).
-    static bool entera(const QRect& f) {
-        const QRect a = area();
-        return a.contains(f) && std::abs((f.left() - a.left()) - (a.right() - f.right())) <= 1 &&
-               std::abs((f.top() - a.top()) - (a.bottom() - f.bottom())) <= 1;
-    }
-
+    // Shown, then inside the area and centred in it (a pixel of rounding). A window manager
+    // frames the window a moment after it shows, and the placement may be put right then.
     static void comprobarEntera(QWidget& w) {
         SCOPED_TRACE(w.objectName().toStdString());
         w.show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&w, 5000));
-        // A window manager frames the window a moment after it shows: the placement may be
-        // put right once the real frame is known.
-        const bool bien = QTest::qWaitFor([&w] { return entera(w.frameGeometry()); }, 3000);
-        const QRect f = w.frameGeometry();
-        EXPECT_TRUE(bien) << f.x() << "," << f.y() << " " << f.width() << "x" << f.height()
-                          << " in " << area().width() << "x" << area().height();
+        const auto entera = [&w] {
+            const QRect f = w.frameGeometry();
+            const QRect a = area();
+            return a.contains(f) &&
+                   std::abs((f.left() - a.left()) - (a.right() - f.right())) <= 1 &&
+                   std::abs((f.top() - a.top()) - (a.bottom() - f.bottom())) <= 1;
+        };
+        EXPECT_TRUE(QTest::qWaitFor(entera, 3000))
+            << w.frameGeometry().y() << "+" << w.frameGeometry().height();
     }
 
     EncajeVentanas encaje;
@@ -82,19 +75,9 @@ TEST_F(EncajeVentanasPrueba, PedidoDeCuarentaProductosConLasRespuestasALaVista) 
     Pedido& p = m.PedidoActual;
     p.NumPedido = "7001";
     for (int i = 0; i < 40; ++i) {
-        p.Productos.append(
-            {1, QStringLiteral("Producto %1 - Extra de queso").arg(i + 1), "3,50", i, 1, ""});
+        p.Productos.append({12, QStringLiteral("Producto %1 - Extra").arg(i), "123,50", i, 1, ""});
     }
-    p.ImporteEnvio = p.ComisionPaypal = p.ImporteDescuento = u"0€"_qs;
-    p.TotalPedido = p.TotalBruto = u"140€"_qs;
-    p.Cliente = "Ana Ruiz";
-    p.Telefono = "600111222";
-    p.FormaEntrega = "Calle Mayor 5, 2º B";
-    p.RealizadoEl = "22/11/2026 21:00";
-    p.Para = "Para: Ahora";
-    p.FormaPago = "Tarjeta";
     p.Comentarios = "Llamar al timbre\nSegunda puerta";
-
     for (const int fuente : {8, 16}) {
         SCOPED_TRACE(fuente);
         FormPedidoNuevo w(m);
@@ -104,27 +87,20 @@ TEST_F(EncajeVentanasPrueba, PedidoDeCuarentaProductosConLasRespuestasALaVista) 
         comprobarEntera(w);
         for (const char* nombre : {"Aceptar", "Rechazar", "Imprimir", "Silenciar"}) {
             auto* b = w.findChild<QPushButton*>(QLatin1String(nombre));
-            ASSERT_NE(b, nullptr);
-            const QRect global(b->mapToGlobal(QPoint(0, 0)), b->size());
-            EXPECT_TRUE(b->isVisible()) << nombre;
-            EXPECT_TRUE(area().contains(global)) << nombre;
+            EXPECT_TRUE(area().contains(QRect(b->mapToGlobal(QPoint(0, 0)), b->size()))) << nombre;
             EXPECT_GE(b->height(), b->minimumSizeHint().height()) << nombre;
         }
         auto* lista = w.findChild<QTreeWidget*>(QStringLiteral("ListViewProductos"));
-        ASSERT_NE(lista, nullptr);
         EXPECT_GT(lista->verticalScrollBar()->maximum(), 0) << "the list scrolls";
-        EXPECT_GE(lista->viewport()->height(), 3 * lista->fontMetrics().height())
-            << "and shows some rows";
-        // Units and prices whole, at every size.
-        for (const int columna : {1, 3}) {
+        EXPECT_GE(lista->viewport()->height(), 3 * lista->fontMetrics().height());
+        for (const int columna : {1, 3}) { // units and prices whole
             const QString texto = lista->topLevelItem(0)->text(columna);
-            EXPECT_GT(lista->columnWidth(columna), lista->fontMetrics().horizontalAdvance(texto))
-                << texto.toStdString();
+            EXPECT_GT(lista->columnWidth(columna), lista->fontMetrics().horizontalAdvance(texto));
         }
     }
 }
 
-TEST_F(EncajeVentanasPrueba, LasDemasVentanasTambien) {
+TEST_F(EncajeVentanasPrueba, LasDemasVentanasYLaQueCreceEscondida) {
     Form1 principal(m, {});
     FormAceptarPedido aceptar;
     FormRechazarPedido rechazar;
@@ -133,15 +109,9 @@ TEST_F(EncajeVentanasPrueba, LasDemasVentanasTambien) {
         comprobarEntera(*w);
         w->hide();
     }
-}
-
-TEST_F(EncajeVentanasPrueba, UnaVentanaQueCreceVuelveEnteraAlMostrarse) {
-    FormAceptarPedido w;
-    comprobarEntera(w);
-    w.hide();
-    // Moved half off the screen and made taller than it while hidden.
-    w.setGeometry(area().right() - 50, area().bottom() - 50, w.width(), area().height() + 200);
-    comprobarEntera(w);
+    // Moved half off the screen and made taller than it while hidden: whole again when shown.
+    aceptar.setGeometry(area().right() - 50, area().bottom() - 50, 300, area().height() + 200);
+    comprobarEntera(aceptar);
 }
 
 } // namespace

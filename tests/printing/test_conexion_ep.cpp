@@ -51,34 +51,27 @@ TEST(ConexionEP, CadaFormaVaASuDestino) {
 }
 
 TEST(ConexionEP, AjustesDeSerie) {
-    struct Ajustes {
-        const char* texto;
-        bool validos;
-        qint32 baudios;
-        QChar paridad;
-        int datos;
-        const char* parada;
+    // Settings read as "baud,parity,data,stop"; empty when they cannot be read.
+    const std::pair<const char*, const char*> casos[] = {
+        {"Com1:9600,n,8,1", "9600,n,8,1"},
+        {"COM3:19200,E,7,2", "19200,e,7,2"},
+        {"com2", "9600,n,8,1"},
+        {"COM2:", "9600,n,8,1"},
+        {"/dev/ttyUSB0:38400", "38400,n,8,1"},
+        {"COM1:9600,x,8,1", ""},
+        {"COM1:rapido", ""},
+        {"COM1:9600,n,9,1", ""},
+        {"COM0", ""},
     };
-    const Ajustes casos[] = {
-        {"Com1:9600,n,8,1", true, 9600, u'n', 8, "1"},
-        {"COM3:19200,E,7,2", true, 19200, u'e', 7, "2"},
-        {"com2", true, 9600, u'n', 8, "1"},
-        {"COM2:", true, 9600, u'n', 8, "1"},
-        {"/dev/ttyUSB0:38400", true, 38400, u'n', 8, "1"},
-        {"COM1:9600,x,8,1", false, 9600, u'n', 8, "1"},
-        {"COM1:rapido", false, 9600, u'n', 8, "1"},
-        {"COM1:9600,n,9,1", false, 9600, u'n', 8, "1"},
-        {"COM0", false, 9600, u'n', 8, "1"},
-    };
-    for (const Ajustes& caso : casos) {
-        const ConexionEP c = AnalizarConexionEP(QString::fromUtf8(caso.texto));
-        EXPECT_EQ(c.ajustesValidos, caso.validos) << caso.texto;
-        if (caso.validos) {
-            EXPECT_EQ(c.baudios, caso.baudios) << caso.texto;
-            EXPECT_EQ(c.paridad, caso.paridad) << caso.texto;
-            EXPECT_EQ(c.bitsDatos, caso.datos) << caso.texto;
-            EXPECT_EQ(c.bitsParada, caso.parada) << caso.texto;
-        }
+    for (const auto& [texto, ajustes] : casos) {
+        const ConexionEP c = AnalizarConexionEP(QString::fromUtf8(texto));
+        const QString leidos = c.ajustesValidos ? QStringLiteral("%1,%2,%3,%4")
+                                                      .arg(c.baudios)
+                                                      .arg(c.paridad)
+                                                      .arg(c.bitsDatos)
+                                                      .arg(c.bitsParada)
+                                                : QString();
+        EXPECT_EQ(leidos, QString::fromUtf8(ajustes)) << texto;
     }
 }
 
