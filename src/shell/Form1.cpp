@@ -1,6 +1,7 @@
 #include "shell/Form1.h"
 
 #include "base/ArchivosLocales.h"
+#include "base/CaminoPedido.h"
 #include "base/ModuloPrincipal.h"
 #include "orders/AceptacionAutomatica.h"
 #include "orders/FormPedidoNuevo.h"
@@ -102,20 +103,17 @@ Form1::Form1(ModuloPrincipal& m, QStringList palabras, QWidget* padre)
     connect(&m_, &ModuloPrincipal::textoInfo, labelInfo_, &QLabel::setText);
     connect(&m_, &ModuloPrincipal::modoCambiado, this, &Form1::mostrarModo);
 
-    connect(timerPrimeraConfig_, &Temporizador::tick, this,
-            [this] { protegido([this] { RefrescarConfiguracion(); }); });
-    connect(timerPedidos_, &Temporizador::tick, this, [this] {
-        protegido([this] {
-            if (!m_.PedidoNuevoPendiente && !m_.MensajeNuevoPendiente) {
-                ComprobarPedidosNuevos();
-            }
-        });
+    alTurnoDelCamino(timerPrimeraConfig_, [this] { RefrescarConfiguracion(); });
+    alTurnoDelCamino(timerPedidos_, [this] {
+        if (!m_.PedidoNuevoPendiente && !m_.MensajeNuevoPendiente) {
+            ComprobarPedidosNuevos();
+        }
     });
-    connect(timerConfig_, &Temporizador::tick, this,
-            [this] { protegido([this] { tickConfig(); }); });
+    alTurnoDelCamino(timerConfig_, [this] { tickConfig(); });
     instalarSonido();
-    // An order accepted without a window goes through the same answer as one accepted by hand.
-    AceptarPedido = [this] { respuestasPedido().AceptarPedido(); };
+    // An order accepted without a window goes through the same answer as one accepted by hand,
+    // without its box when the service does not take it.
+    AceptarPedido = [this] { respuestasPedido().AceptarAutomaticamente(); };
 
     // The end of the user's session closes the desk without asking.
     connect(qApp, &QGuiApplication::commitDataRequest, this,
@@ -296,6 +294,15 @@ void Form1::construirMenu() {
     });
 }
 
+void Form1::alTurnoDelCamino(Temporizador* timer, const std::function<void()>& accion) {
+    connect(timer, &Temporizador::tick, this, [this, accion] {
+        // While an answer is on its way (a printer's box may be up), this turn is skipped.
+        if (CaminoLibre(m_)) {
+            protegido(accion);
+        }
+    });
+}
+
 void Form1::protegido(const std::function<void()>& manejador) {
     EjecutarProtegido(m_.cajas(), manejador);
     volcar();
@@ -344,7 +351,7 @@ void Form1::Activate() {
     }
     if (!m_.PedidoNuevoPendiente) {
         // Read again: the calls above may have yielded to the event queue.
-        if (!m_.PedidoNuevoPendiente && !m_.MensajeNuevoPendiente &&
+        if (!m_.PedidoNuevoPendiente && !m_.MensajeNuevoPendiente && CaminoLibre(m_) &&
             (!yaIniciado || m_.ComprobarPedidoTrasAceptar)) {
             ComprobarPedidosNuevos();
         }
@@ -469,6 +476,12 @@ void Form1::tickConfig() {
 }
 
 void Form1::ComprobarPedidosNuevos() {
+    // An automatic acceptance that the service did not take goes again before anything new
+    // is asked for; this turn is its.
+    if (m_.AceptacionPendiente && AceptarPedido) {
+        AceptarPedido();
+        return;
+    }
     const QString respuesta = m_.ConsultarServidor(sondeo::RutaPedidosNuevos(m_));
     switch (sondeo::Clasificar(respuesta)) {
     case sondeo::Respuesta::EstadoApertura:

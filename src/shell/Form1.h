@@ -83,6 +83,8 @@ private:
     void conexionEnLinea();
     void conexionPerdida();
     void protegido(const std::function<void()>& manejador);
+    // Connects a timer whose work touches the order road: its turn waits while the road is busy.
+    void alTurnoDelCamino(Temporizador* timer, const std::function<void()>& accion);
     void mostrarModo(qint16 modo);
     void AplicarTamannosFuente();
     void PrepararSonido();
