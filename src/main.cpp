@@ -6,6 +6,7 @@
 #include "platform/InstanciaUnica.h"
 #include "platform/SenalesTerminacion.h"
 #include "printing/ImpresoraDWQt_ui.h"
+#include "printing/ImpresorasDWPdf_ui.h"
 #include "shell/Form1.h"
 #include "shell/LineaComandos.h"
 
@@ -36,7 +37,12 @@ int main(int argc, char** argv) {
         m.setCajas(std::make_unique<CajaMensajesQt>());
     }
 
-    m.setImpresorasDW(std::make_unique<ImpresorasDWQt>());
+    if (linea.impresorasPdf.isEmpty()) {
+        m.setImpresorasDW(std::make_unique<ImpresorasDWQt>());
+    } else {
+        m.setImpresorasDW(std::make_unique<ImpresorasDWConPdf>(
+            std::make_unique<ImpresorasDWQt>(), linea.impresorasPdf, linea.carpetaPdf));
+    }
 
     // A second start of the same installation ends at once, silently.
     const InstanciaUnica instancia(m.CarpetaDatos);
