@@ -119,27 +119,6 @@ TEST_F(FallosImpresoras, LasDemasImpresorasImprimenYLosAvisosVienenDespues) {
     }
 }
 
-TEST_F(FallosImpresoras, UnaPreguntaNoEsperaYLosAvisosSalenEnOrden) {
-    {
-        const AplazarCajas aplazadas(m);
-        m.cajas().critico(QStringLiteral("primero"));
-        EXPECT_TRUE(m.cajas().preguntarSiNo(QStringLiteral("¿seguro?")));
-        {
-            const AplazarCajas dentro(m);
-            m.cajas().mostrar(QStringLiteral("segundo"));
-        }
-        ASSERT_EQ(contadas->cajas.size(), 1);
-        EXPECT_EQ(contadas->cajas[0].texto, QStringLiteral("¿seguro?"));
-    }
-    ASSERT_EQ(contadas->cajas.size(), 3);
-    EXPECT_EQ(contadas->cajas[1].texto, QStringLiteral("primero"));
-    EXPECT_EQ(contadas->cajas[1].estilo, estilo::Critico);
-    EXPECT_EQ(contadas->cajas[2].texto, QStringLiteral("segundo"));
-    // The desk's own boxes are back.
-    m.cajas().mostrar(QStringLiteral("tercero"));
-    EXPECT_EQ(contadas->cajas.size(), 4);
-}
-
 TEST(RespuestaNoTomada, SoloLoQueNoEsUnaRespuestaDelServicio) {
     const struct {
         QString respuesta;
