@@ -64,11 +64,13 @@ if [ ! -s "$trabajo/datos/config.txt" ]; then
 fi
 
 # Every ticket a raw printer gets is shown here as text and kept as a picture beside it
-# (each ticket rewrites its printer's file, so the newest one is what shows). The driver
-# printer of the demo ("Impresora caja") writes each ticket as a PDF in the same folder; its
-# first page is kept as a picture too.
+# (each ticket rewrites its printer's file, so the newest one is what shows; each one is also
+# kept as PRINTER-N.ep with its picture PRINTER-N.png). The driver printer of the demo
+# ("Impresora caja") writes each ticket as a PDF in the same folder; its first page is kept
+# as a picture too.
 vigilar_tickets() {
     declare -A visto
+    declare -A cuenta
     while sleep 1; do
         for f in "$trabajo"/impresoras/*.bin "$trabajo"/impresoras/*.pdf; do
             [ -s "$f" ] || continue
@@ -77,8 +79,12 @@ vigilar_tickets() {
             visto[$f]=$marca
             case "$f" in
             *.bin)
-                echo "demo: ticket en $(basename "$f" .bin) (imagen: ${f%.bin}.png)"
-                QT_QPA_PLATFORM=offscreen "$bin/visor_tickets" "$f" --png "${f%.bin}.png" --texto || true
+                cuenta[$f]=$(( ${cuenta[$f]:-0} + 1 ))
+                copia="${f%.bin}-${cuenta[$f]}"
+                cp "$f" "$copia.ep"
+                echo "demo: ticket en $(basename "$f" .bin) (imagen: $copia.png)"
+                QT_QPA_PLATFORM=offscreen "$bin/visor_tickets" "$copia.ep" --png "$copia.png" --texto || true
+                cp "$copia.png" "${f%.bin}.png" 2>/dev/null || true
                 ;;
             *.pdf)
                 echo "demo: ticket de la impresora de controlador en $(basename "$f") (imagen: ${f%.pdf}.png)"
