@@ -74,7 +74,9 @@ struct CaminoPedido : ::testing::Test {
 
     void SetUp() override {
         ASSERT_TRUE(sim.enMarcha());
-        ASSERT_NE(cliente.puerto() * cocina1.puerto() * cocina2.puerto(), 0);
+        for (const ImpresoraTcp* i : {&cliente, &cocina1, &cocina2}) {
+            ASSERT_NE(i->puerto(), 0);
+        }
         auto c = std::make_unique<CajaLeida>();
         caja = c.get();
         m.setCajas(std::move(c));
