@@ -20,6 +20,7 @@ struct LineaComandos {
     QList<int> respuestasCajas;
     QString volcado;
     QStringList palabras;
+    QStringList opciones; // the "--" options as given, handed on by the self-update
 
     static LineaComandos Leer(const QStringList& argumentos, const QProcessEnvironment& entorno,
                               const QString& carpetaEjecutable);
