@@ -6,8 +6,8 @@
 #include "Peticiones.h"
 
 #include <map>
-#include <nlohmann/json_fwd.hpp>
 #include <mutex>
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 
 namespace simulador {

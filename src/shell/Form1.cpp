@@ -450,7 +450,9 @@ void Form1::RellenarMotivosRechazo() {
 
 // Where later windows and modules plug in; nothing of theirs exists yet.
 void Form1::CargarCarta() {}
-void Form1::ComprobarActualizacionAutomatica() { actualizador_->ComprobarActualizacion(false); }
+void Form1::ComprobarActualizacionAutomatica() {
+    actualizador_->ComprobarActualizacion(false);
+}
 
 void Form1::mostrarModo(qint16 modo) {
     const bool impresion = modo == 1 || modo == 2;

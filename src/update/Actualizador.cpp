@@ -5,8 +5,8 @@
 #include "platform/CajaMensajes.h"
 #include "platform/InstanciaUnica.h"
 #include "update/ComprobarActualizacion.h"
-#include "update/Desempaquetado.h"
 #include "update/Descarga.h"
+#include "update/Desempaquetado.h"
 #include "update/Instalador.h"
 #include "update/Procesos.h"
 
@@ -68,10 +68,9 @@ void Actualizador::LanzarActualizador() {
         QFile::setPermissions(copia, QFile::permissions(origen) | QFileDevice::ExeOwner) &&
         std::rename(QFile::encodeName(copia).constData(), QFile::encodeName(destino).constData()) ==
             0;
-    if (!copiado ||
-        !procesos_->iniciar(destino, QStringList{QString::number(m_.IdEstablecimiento),
-                                                 m_.PasswordConfig} +
-                                         OpcionesPasadas)) {
+    if (!copiado || !procesos_->iniciar(destino, QStringList{QString::number(m_.IdEstablecimiento),
+                                                             m_.PasswordConfig} +
+                                                     OpcionesPasadas)) {
         QFile::remove(copia);
         m_.cajas().exclamacion(
             QStringLiteral("No se ha podido iniciar la actualización: no se puede preparar el "
@@ -169,8 +168,8 @@ void Actualizador::EjecutarInstalador() {
     try {
         correcto = instalador::ShellSync(
                        *procesos_, instalador::Interprete,
-                       QStringList{instalador::RutaInstalador(m_.CarpetaAplicacion,
-                                                              ArchivoActualizacion)} +
+                       QStringList{
+                           instalador::RutaInstalador(m_.CarpetaAplicacion, ArchivoActualizacion)} +
                            instalador::Parametros(InstalacionSilenciosa, m_.CarpetaAplicacion),
                        carpeta) == 0;
     } catch (const ErrorEjecucion&) {
@@ -204,7 +203,9 @@ void Actualizador::FinalizarActualizacion(const QString& modo, bool correcto) {
     arrancarPrincipal({});
 }
 
-void Actualizador::volverSinActualizar() { arrancarPrincipal({QStringLiteral("noactualizar")}); }
+void Actualizador::volverSinActualizar() {
+    arrancarPrincipal({QStringLiteral("noactualizar")});
+}
 
 void Actualizador::arrancarPrincipal(const QStringList& palabras) {
     // The old desk may still be ending: a desk started before it lets go of the data folder

@@ -72,8 +72,8 @@ Decision Comprobar(ModuloPrincipal& m, bool manual) {
                                          "favor, compruebe su conexión a Internet."));
     }
     if (HayVersionNueva(version)) {
-        const auto campos = LeerDescriptor(m.ConsultarServidor(RutaDatosActualizacion(
-            QString::number(m.IdEstablecimiento), m.PasswordConfig)));
+        const auto campos = LeerDescriptor(m.ConsultarServidor(
+            RutaDatosActualizacion(QString::number(m.IdEstablecimiento), m.PasswordConfig)));
         if (!campos) {
             return Decision::Nada;
         }

@@ -11,15 +11,16 @@
 #include <unistd.h>
 
 Descarga::Descarga(QObject* padre)
-    : QObject(padre), red_(std::make_unique<QNetworkAccessManager>()),
-      silencio_(new QTimer(this)) {
+    : QObject(padre), red_(std::make_unique<QNetworkAccessManager>()), silencio_(new QTimer(this)) {
     silencio_->setSingleShot(true);
     connect(silencio_, &QTimer::timeout, this, [this] {
         fallar(Resultado::Fallida, QStringLiteral("el servidor dejó de enviar datos"));
     });
 }
 
-Descarga::~Descarga() { soltar(); }
+Descarga::~Descarga() {
+    soltar();
+}
 
 void Descarga::soltar() {
     silencio_->stop();
@@ -40,8 +41,8 @@ void Descarga::iniciar(const QUrl& url, const QString& destino) {
     errorEscritura_ = false;
     const QFileInfo info(destino);
     temporal_ = std::make_unique<QTemporaryFile>(
-        QDir(info.absolutePath()).filePath(QLatin1Char('.') + info.fileName() +
-                                           QStringLiteral(".descarga-XXXXXX")));
+        QDir(info.absolutePath())
+            .filePath(QLatin1Char('.') + info.fileName() + QStringLiteral(".descarga-XXXXXX")));
     if (!temporal_->open()) {
         // Reported from the event loop, as every other end.
         QTimer::singleShot(0, this, [this] {
@@ -88,7 +89,8 @@ void Descarga::acabar() {
         return;
     }
     if (total_ >= 0 && recibidos_ < total_) {
-        fallar(Resultado::Incompleta, QStringLiteral("llegaron %1 de %2 bytes").arg(recibidos_).arg(total_));
+        fallar(Resultado::Incompleta,
+               QStringLiteral("llegaron %1 de %2 bytes").arg(recibidos_).arg(total_));
         return;
     }
     if (error != QNetworkReply::NoError || estado != 200) {
@@ -106,9 +108,8 @@ void Descarga::acabar() {
         fallar(Resultado::SinEscribir, temporal_->errorString());
         return;
     }
-    QFileDevice::Permissions permisos =
-        QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadGroup |
-        QFileDevice::ReadOther;
+    QFileDevice::Permissions permisos = QFileDevice::ReadOwner | QFileDevice::WriteOwner |
+                                        QFileDevice::ReadGroup | QFileDevice::ReadOther;
     if (ejecutable_) {
         permisos |= QFileDevice::ExeOwner | QFileDevice::ExeGroup | QFileDevice::ExeOther;
     }
@@ -116,8 +117,7 @@ void Descarga::acabar() {
     if (!temporal_->setPermissions(permisos) ||
         std::rename(QFile::encodeName(temporal).constData(),
                     QFile::encodeName(destino_).constData()) != 0) {
-        fallar(Resultado::SinEscribir,
-               QStringLiteral("no se puede reemplazar %1").arg(destino_));
+        fallar(Resultado::SinEscribir, QStringLiteral("no se puede reemplazar %1").arg(destino_));
         return;
     }
     temporal_->setAutoRemove(false);

@@ -55,8 +55,8 @@ QString Extraer(zip_t* zip, zip_uint64_t i, const QString& destino) {
     zip_uint32_t atributos = 0;
     if (zip_file_get_external_attributes(zip, i, 0, &sistema, &atributos) == 0 &&
         sistema == ZIP_OPSYS_UNIX && ((atributos >> 16) & 0111) != 0) {
-        salida.setPermissions(salida.permissions() | QFileDevice::ExeOwner |
-                              QFileDevice::ExeGroup | QFileDevice::ExeOther);
+        salida.setPermissions(salida.permissions() | QFileDevice::ExeOwner | QFileDevice::ExeGroup |
+                              QFileDevice::ExeOther);
     }
     return salida.flush() ? QString() : QStringLiteral("no se puede escribir %1").arg(destino);
 }

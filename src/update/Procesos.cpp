@@ -18,7 +18,8 @@ int ProcesosQt::ejecutarYEsperar(const QString& programa, const QStringList& arg
     proceso.setProcessChannelMode(QProcess::ForwardedChannels);
     proceso.start(programa, argumentos);
     if (!proceso.waitForStarted(30000)) {
-        throw ErrorEjecucion(errores_shell::NoSeInicia, QStringLiteral("Failed to Shell child process"));
+        throw ErrorEjecucion(errores_shell::NoSeInicia,
+                             QStringLiteral("Failed to Shell child process"));
     }
     // Waiting in a local loop keeps the windows painted while the installer works.
     QEventLoop espera;
