@@ -56,6 +56,8 @@ void Descarga::iniciar(const QUrl& url, const QString& destino) {
     peticion.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                           QNetworkRequest::NoLessSafeRedirectPolicy);
     respuesta_ = red_->get(peticion);
+    // Read in slices: tens of megabytes never sit in memory, and the bar moves with each.
+    respuesta_->setReadBufferSize(256 * 1024);
     connect(respuesta_, &QNetworkReply::metaDataChanged, this, [this] {
         const QVariant largo = respuesta_->header(QNetworkRequest::ContentLengthHeader);
         total_ = largo.isValid() ? largo.toLongLong() : -1;
