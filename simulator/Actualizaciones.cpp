@@ -31,6 +31,7 @@ bool ActualizacionesSimuladas::Atender(const std::string& ruta, Respuesta& r) {
     if (cortes_ > 0) {
         --cortes_;
         r.CortarTras = static_cast<std::size_t>(static_cast<double>(r.Cuerpo.size()) * fraccion_);
+        r.Segundos = pausa_;
     }
     return true;
 }
@@ -56,7 +57,7 @@ bool ActualizacionesSimuladas::Configurar(const nlohmann::json& cuerpo, std::str
     }
     if (cuerpo.contains("cortar")) {
         const auto& c = cuerpo["cortar"];
-        CortarDescargas(c.value("fraccion", 0.5), c.value("veces", 1));
+        CortarDescargas(c.value("fraccion", 0.5), c.value("veces", 1), c.value("segundos", 0.0));
     }
     return true;
 }
@@ -76,8 +77,9 @@ void ActualizacionesSimuladas::PonerFichero(const std::string& nombre, std::stri
     ficheros_[nombre] = std::move(contenido);
 }
 
-void ActualizacionesSimuladas::CortarDescargas(double fraccion, int veces) {
+void ActualizacionesSimuladas::CortarDescargas(double fraccion, int veces, double segundos) {
     std::lock_guard bloqueo(mutex_);
+    pausa_ = std::clamp(segundos, 0.0, 3600.0);
     fraccion_ = std::clamp(fraccion, 0.0, 1.0);
     cortes_ = std::max(veces, 0);
 }

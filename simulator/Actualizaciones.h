@@ -22,15 +22,15 @@ public:
     bool Atender(const std::string& ruta, Respuesta& r);
 
     // The control request: {"version", "descriptor", "ficheros": {name: path of a local file
-    // to serve}, "cortar": {"fraccion", "veces"}}; absent keys keep what was set.
+    // to serve}, "cortar": {"fraccion", "veces", "segundos"}}; absent keys keep what was set.
     bool Configurar(const nlohmann::json& cuerpo, std::string& error);
 
     void PonerVersion(std::string version);
     void PonerDescriptor(std::string descriptor);
     void PonerFichero(const std::string& nombre, std::string contenido);
     // The next `veces` downloads send only `fraccion` of their body (the full length still
-    // announced) and then reset the connection.
-    void CortarDescargas(double fraccion, int veces);
+    // announced), stay silent for `segundos`, and then reset the connection.
+    void CortarDescargas(double fraccion, int veces, double segundos = 0);
 
 private:
     std::mutex mutex_;
@@ -39,6 +39,7 @@ private:
     std::map<std::string, std::string> ficheros_;
     double fraccion_ = 1.0;
     int cortes_ = 0;
+    double pausa_ = 0;
 };
 
 } // namespace simulador

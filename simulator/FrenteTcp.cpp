@@ -366,6 +366,7 @@ bool FrenteTcp::AtenderPeticiones(int fd) {
         }
         if (r.CortarTras < r.Cuerpo.size()) {
             Escribir(fd, Cabecera(r, true) + r.Cuerpo.substr(0, r.CortarTras));
+            Retener(r.Segundos); // a stall before the cut, when asked
             return true;
         }
         if (!Escribir(fd, Cabecera(r, c.Cerrar) + r.Cuerpo) || c.Cerrar) {

@@ -3,6 +3,7 @@
 #include "update/ServicioActualizacion.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QSignalSpy>
 #include <gtest/gtest.h>
@@ -100,12 +101,27 @@ TEST_F(Descarga_, LoQueNoLlegaEnteroDejaElEjecutableViejo) {
 }
 
 TEST_F(Descarga_, UnServidorQueCallaSeDejaTrasLaEsperaSinDatos) {
+    // Silent from the start, and silent half way through a body.
     ASSERT_TRUE(ServirFichero(sim, servidos, QStringLiteral("lento.exe"), "x"));
+    ASSERT_TRUE(
+        ServirFichero(sim, servidos, QStringLiteral("parado.exe"), BytesDePrueba(1 << 20, 4)));
     sim.fallo(QStringLiteral("colgar"), 20, 1, QStringLiteral("descargas/lento.exe"));
     descarga.setEsperaSinDatos(700);
-    EXPECT_EQ(Bajar(QStringLiteral("lento.exe"), 10000), Descarga::Resultado::Fallida);
-    EXPECT_TRUE(Leer(destino) == viejo);
-    EXPECT_EQ(Contenido(), QStringList{QStringLiteral("TarvimentaPedidos")});
+    for (const char* nombre : {"lento.exe", "parado.exe"}) {
+        if (QByteArray(nombre) == "parado.exe") {
+            ASSERT_TRUE(PonerActualizacion(
+                sim, {{QStringLiteral("cortar"), QJsonObject{{QStringLiteral("fraccion"), 0.5},
+                                                             {QStringLiteral("segundos"), 20}}}}));
+        }
+        fin.clear();
+        QElapsedTimer reloj;
+        reloj.start();
+        EXPECT_EQ(Bajar(QString::fromLatin1(nombre), 10000), Descarga::Resultado::Fallida)
+            << nombre;
+        EXPECT_LT(reloj.elapsed(), 8000) << nombre;
+        EXPECT_TRUE(Leer(destino) == viejo) << nombre;
+        EXPECT_EQ(Contenido(), QStringList{QStringLiteral("TarvimentaPedidos")}) << nombre;
+    }
 }
 
 TEST_F(Descarga_, SinSitioDondeEscribirSeDiceYNadaCambia) {
