@@ -74,7 +74,7 @@ struct Instalacion : ::testing::Test {
             .arg(UrlDescargas(sim), archivo, QLatin1String(forzada));
     }
 
-    bool Arrancar(const QStringList& respuestas) {
+    bool Arrancar(const QStringList& respuestas, const QStringList& palabras = {}) {
         QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
         entorno.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
         entorno.insert(QStringLiteral("HOME"), home.path());
@@ -83,10 +83,12 @@ struct Instalacion : ::testing::Test {
         entorno.remove(QStringLiteral("TARVIMENTA_CARPETA"));
         desk.setProcessEnvironment(entorno);
         desk.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        desk.start(exe, {QStringLiteral("--servidor=") + sim.base(),
-                         QStringLiteral("--carpeta=") + carpeta.path(),
-                         QStringLiteral("--cajas=") + cajas,
-                         QStringLiteral("--respuestas=") + respuestas.join(QLatin1Char(','))});
+        desk.start(
+            exe, QStringList{QStringLiteral("--servidor=") + sim.base(),
+                             QStringLiteral("--carpeta=") + carpeta.path(),
+                             QStringLiteral("--cajas=") + cajas,
+                             QStringLiteral("--respuestas=") + respuestas.join(QLatin1Char(','))} +
+                     palabras);
         return desk.waitForStarted(10000);
     }
 
@@ -214,6 +216,22 @@ TEST_F(Instalacion, LaOrdenDelSondeoActualizaSinPreguntarPorElZip) {
     EXPECT_FALSE(QFileInfo::exists(carpeta.filePath(QStringLiteral("instalador.zip"))));
     EXPECT_FALSE(QFileInfo::exists(carpeta.filePath(QStringLiteral("instalador"))));
     EXPECT_EQ(Peticiones(QStringLiteral("pedidosgprs/obtenerUltimaVersionVB")), 0);
+}
+
+TEST_F(Instalacion, NoactualizarEvitaLaComprobacionAutomatica) {
+    Configurar(true);
+    ASSERT_TRUE(
+        PonerActualizacion(sim, {{QStringLiteral("version"), QStringLiteral("1.7.0")},
+                                 {QStringLiteral("descriptor"),
+                                  Descriptor(QStringLiteral("TarvimentaPedidos.exe"), "true")}}));
+    ASSERT_TRUE(Arrancar({}, {QStringLiteral("noactualizar")}));
+    // Configured and polling: the check would have come right after the configuration.
+    ASSERT_TRUE(sim.esperarPeticion(QStringLiteral("pedidosgprs/obtenerConfiguracionV2"), 20000));
+    ASSERT_TRUE(sim.esperarPeticion(QStringLiteral("pedidosgprs/pedidosnuevos"), 20000));
+    QTest::qWait(1000);
+    EXPECT_EQ(Peticiones(QStringLiteral("pedidosgprs/obtenerUltimaVersionVB")), 0);
+    EXPECT_EQ(desk.state(), QProcess::Running);
+    EXPECT_FALSE(QFileInfo::exists(carpeta.filePath(QStringLiteral("TVU"))));
 }
 
 } // namespace

@@ -1,10 +1,12 @@
 #include "common/Entorno.h"
 #include "common/EscritorioPrueba.h"
+#include "shell/Form1.h"
 #include "update/Actualizador.h"
 #include "update/Procesos.h"
 #include "update/ServicioActualizacion.h"
 #include "update/ZipPrueba.h"
 
+#include <QAction>
 #include <QDir>
 #include <QFileInfo>
 #include <gtest/gtest.h>
@@ -310,6 +312,23 @@ TEST_F(Actualizador_, LanzarSinPoderCopiarAvisaYNoTermina) {
     ASSERT_EQ(Cajas().size(), 1);
     EXPECT_EQ(Cajas()[0].first, estilo::Exclamacion);
     EXPECT_FALSE(QFileInfo::exists(Ruta(QStringLiteral("TVU"))));
+}
+
+TEST(MenuActualizaciones, ComprobarDesdeElMenuPreguntaAunqueNoHayaVersionNueva) {
+    Entorno e;
+    e.m.CarpetaAplicacion = e.carpeta.path();
+    e.m.IdEstablecimiento = 7;
+    e.m.NoActualizar = true; // the menu entry works all the same
+    e.canales.directo->responder("1.6.2");
+    e.cajas->responder({respuesta::No});
+    Form1 f{e.m, {}};
+
+    f.findChild<QAction*>(QStringLiteral("Actualizaciones"))->trigger();
+
+    ASSERT_EQ(e.canales.directo->urls.size(), 1);
+    EXPECT_TRUE(e.canales.directo->urls[0].contains("pedidosgprs/obtenerUltimaVersionVB?"));
+    ASSERT_EQ(e.cajas->cajas().size(), 1);
+    EXPECT_TRUE(e.cajas->cajas()[0].texto.startsWith(QStringLiteral("Ya tiene la última versión")));
 }
 
 } // namespace
