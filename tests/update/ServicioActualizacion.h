@@ -27,6 +27,12 @@ inline bool ServirFichero(SimuladorPrueba& sim, const QTemporaryDir& dir, const 
     return PonerActualizacion(sim, {{QStringLiteral("ficheros"), QJsonObject{{nombre, ruta}}}});
 }
 
+// The bytes of a file; empty when it cannot be read.
+inline QByteArray LeerFichero(const QString& ruta) {
+    QFile f(ruta);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
 inline QString UrlDescargas(const SimuladorPrueba& sim) {
     return QStringLiteral("http://127.0.0.1:%1/api/descargas/").arg(sim.puerto());
 }

@@ -1,11 +1,11 @@
 // The real desk in a temporary installation folder, against the stand-in service: it turns
 // into its updater copy, downloads, replaces itself and comes back, or keeps what it had.
+// (The archive route is run with real installers in test_actualizador.)
 #include "base/ArchivosLocales.h"
 #include "base/CifradoAjustes.h"
 #include "base/ModuloPrincipal.h"
 #include "common/EscritorioPrueba.h"
 #include "update/ServicioActualizacion.h"
-#include "update/ZipPrueba.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -16,11 +16,6 @@
 #include <gtest/gtest.h>
 
 namespace {
-
-QByteArray Leer(const QString& ruta) {
-    QFile f(ruta);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
 
 // A stand-in for a newer desk: answers --version, and notes how it was started.
 QByteArray NuevoEjecutable(const char* version, qsizetype relleno) {
@@ -74,7 +69,7 @@ struct Instalacion : ::testing::Test {
             .arg(UrlDescargas(sim), archivo, QLatin1String(forzada));
     }
 
-    bool Arrancar(const QStringList& respuestas, const QStringList& palabras = {}) {
+    bool Arrancar(const QStringList& respuestas) {
         QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
         entorno.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
         entorno.insert(QStringLiteral("HOME"), home.path());
@@ -87,8 +82,7 @@ struct Instalacion : ::testing::Test {
             exe, QStringList{QStringLiteral("--servidor=") + sim.base(),
                              QStringLiteral("--carpeta=") + carpeta.path(),
                              QStringLiteral("--cajas=") + cajas,
-                             QStringLiteral("--respuestas=") + respuestas.join(QLatin1Char(','))} +
-                     palabras);
+                             QStringLiteral("--respuestas=") + respuestas.join(QLatin1Char(','))});
         return desk.waitForStarted(10000);
     }
 
@@ -101,7 +95,7 @@ struct Instalacion : ::testing::Test {
 
     QStringList TextosDeCajas() const {
         QStringList r;
-        for (const QByteArray& l : Leer(cajas).split('\n')) {
+        for (const QByteArray& l : LeerFichero(cajas).split('\n')) {
             if (!l.isEmpty()) {
                 r.append(QString::fromUtf8(l).section(QLatin1Char('\t'), 2));
             }
@@ -120,7 +114,7 @@ struct Instalacion : ::testing::Test {
     // A desk restarted by the updater runs on its own: stop it through its lock's owner.
     void PararEscritorioReiniciado() {
         const QString cerrojo = carpeta.filePath(QStringLiteral(".TarvimentaPedidos.lock"));
-        const qint64 pid = Leer(cerrojo).split('\n').value(0).toLongLong();
+        const qint64 pid = LeerFichero(cerrojo).split('\n').value(0).toLongLong();
         if (pid > 0 && pid != QCoreApplication::applicationPid()) {
             ::kill(static_cast<pid_t>(pid), SIGTERM);
             EsperarHasta([&] { return !QFileInfo::exists(cerrojo); }, 10000);
@@ -144,11 +138,11 @@ TEST_F(Instalacion, UnaVersionNuevaSeOfreceSeDescargaYArrancaLaNueva) {
     ASSERT_TRUE(EsperarHasta([&] { return QFileInfo::exists(arrancado); }, 60000));
 
     EXPECT_EQ(Version(), QStringLiteral("TarvimentaPedidos 1.7.0"));
-    EXPECT_TRUE(Leer(exe) == nuevo);
+    EXPECT_TRUE(LeerFichero(exe) == nuevo);
     EXPECT_TRUE(QFileInfo(carpeta.filePath(QStringLiteral("TVU"))).isExecutable());
     // Restarted plain (no "noactualizar"), with the options it was started with.
-    EXPECT_TRUE(Leer(arrancado).startsWith("--servidor=" + sim.base().toUtf8()))
-        << Leer(arrancado).toStdString();
+    EXPECT_TRUE(LeerFichero(arrancado).startsWith("--servidor=" + sim.base().toUtf8()))
+        << LeerFichero(arrancado).toStdString();
     EXPECT_EQ(TextosDeCajas(),
               (QStringList{QStringLiteral("Hay una nueva actualización disponible, le recomendamos "
                                           "actualizar el programa ahora, pulse Sí para iniciar la "
@@ -161,7 +155,7 @@ TEST_F(Instalacion, UnaVersionNuevaSeOfreceSeDescargaYArrancaLaNueva) {
 
 TEST_F(Instalacion, UnaDescargaCortadaDejaElEjecutableViejoFuncionando) {
     Configurar(true);
-    const QByteArray original = Leer(exe);
+    const QByteArray original = LeerFichero(exe);
     ASSERT_TRUE(ServirFichero(sim, servidos, QStringLiteral("TarvimentaPedidos.exe"),
                               NuevoEjecutable("1.7.0", 6 * 1024 * 1024)));
     ASSERT_TRUE(PonerActualizacion(
@@ -176,7 +170,7 @@ TEST_F(Instalacion, UnaDescargaCortadaDejaElEjecutableViejoFuncionando) {
     const int tras = sim.registro().last().n;
     ASSERT_TRUE(sim.esperarPeticion(QStringLiteral("pedidosgprs/pedidosnuevos"), 30000, tras));
 
-    EXPECT_TRUE(Leer(exe) == original);
+    EXPECT_TRUE(LeerFichero(exe) == original);
     EXPECT_EQ(Version(), QStringLiteral("TarvimentaPedidos 1.6.2"));
     EXPECT_EQ(Peticiones(QStringLiteral("pedidosgprs/obtenerUltimaVersionVB")), 1);
     const QStringList textos = TextosDeCajas();
@@ -186,52 +180,6 @@ TEST_F(Instalacion, UnaDescargaCortadaDejaElEjecutableViejoFuncionando) {
     const QStringList restos =
         QDir(carpeta.path()).entryList({QStringLiteral(".*descarga*")}, QDir::Files | QDir::Hidden);
     EXPECT_TRUE(restos.isEmpty()) << restos.join(QLatin1Char(' ')).toStdString();
-}
-
-TEST_F(Instalacion, LaOrdenDelSondeoActualizaSinPreguntarPorElZip) {
-    Configurar(false); // no automatic check: only the poll's order starts it
-    const QByteArray nuevo = NuevoEjecutable("1.8.0", 1000);
-    const QString zip = servidos.filePath(QStringLiteral("a.zip"));
-    // The installer puts the new desk in place, beside the folder it was unpacked into.
-    ASSERT_TRUE(CrearZip(zip, {{QStringLiteral("nuevo"), nuevo, 0755},
-                               {QStringLiteral("setup.sh"),
-                                "cp nuevo ../TarvimentaPedidos.tmp && "
-                                "mv ../TarvimentaPedidos.tmp ../TarvimentaPedidos\n",
-                                0644}}));
-    ASSERT_TRUE(ServirFichero(sim, servidos, QStringLiteral("instalador.zip"), Leer(zip)));
-    ASSERT_TRUE(PonerActualizacion(
-        sim, {{QStringLiteral("descriptor"), Descriptor(QStringLiteral("instalador.zip"))}}));
-    sim.encolar(QStringLiteral("pedidosgprs/pedidosnuevos"),
-                {QStringLiteral("forzaractualizarahora:si")});
-
-    ASSERT_TRUE(Arrancar({}));
-    ASSERT_TRUE(desk.waitForFinished(30000));
-    const QString arrancado = carpeta.filePath(QStringLiteral("arrancado.txt"));
-    ASSERT_TRUE(EsperarHasta([&] { return QFileInfo::exists(arrancado); }, 60000));
-
-    EXPECT_EQ(Version(), QStringLiteral("TarvimentaPedidos 1.8.0"));
-    EXPECT_EQ(TextosDeCajas(),
-              QStringList{QStringLiteral("La actualización ha finalizado. Pulse "
-                                         "aceptar para abrir el programa ahora.")});
-    EXPECT_FALSE(QFileInfo::exists(carpeta.filePath(QStringLiteral("instalador.zip"))));
-    EXPECT_FALSE(QFileInfo::exists(carpeta.filePath(QStringLiteral("instalador"))));
-    EXPECT_EQ(Peticiones(QStringLiteral("pedidosgprs/obtenerUltimaVersionVB")), 0);
-}
-
-TEST_F(Instalacion, NoactualizarEvitaLaComprobacionAutomatica) {
-    Configurar(true);
-    ASSERT_TRUE(
-        PonerActualizacion(sim, {{QStringLiteral("version"), QStringLiteral("1.7.0")},
-                                 {QStringLiteral("descriptor"),
-                                  Descriptor(QStringLiteral("TarvimentaPedidos.exe"), "true")}}));
-    ASSERT_TRUE(Arrancar({}, {QStringLiteral("noactualizar")}));
-    // Configured and polling: the check would have come right after the configuration.
-    ASSERT_TRUE(sim.esperarPeticion(QStringLiteral("pedidosgprs/obtenerConfiguracionV2"), 20000));
-    ASSERT_TRUE(sim.esperarPeticion(QStringLiteral("pedidosgprs/pedidosnuevos"), 20000));
-    QTest::qWait(1000);
-    EXPECT_EQ(Peticiones(QStringLiteral("pedidosgprs/obtenerUltimaVersionVB")), 0);
-    EXPECT_EQ(desk.state(), QProcess::Running);
-    EXPECT_FALSE(QFileInfo::exists(carpeta.filePath(QStringLiteral("TVU"))));
 }
 
 } // namespace

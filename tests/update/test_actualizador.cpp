@@ -39,11 +39,6 @@ struct ProcesosPrueba : ProcesosQt {
     }
 };
 
-QByteArray Leer(const QString& ruta) {
-    QFile f(ruta);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<no existe>");
-}
-
 bool Escribir(const QString& ruta, const QByteArray& bytes) {
     QFile f(ruta);
     return f.open(QIODevice::WriteOnly | QIODevice::Truncate) && f.write(bytes) == bytes.size();
@@ -115,23 +110,13 @@ const QStringList kNormal{QStringLiteral("--carpeta=/datos")};
 const QStringList kSinActualizar{QStringLiteral("noactualizar"),
                                  QStringLiteral("--carpeta=/datos")};
 
-TEST_F(Actualizador_, PideElDescriptorConLasDosPalabras) {
-    Actualizar(QStringLiteral("no es un descriptor"));
-    ASSERT_EQ(e.canales.directo->urls.size(), 1);
-    EXPECT_TRUE(e.canales.directo->urls[0].startsWith(
-        "https://servidor.prueba/api/pedidosGPRS/obtenerDatosActualizacionVB?"
-        "idEstablecimiento=7&passwordconfig=clave&fha="));
-    // Nothing to install: the desk comes back, quietly, without a second try.
-    EXPECT_TRUE(Cajas().isEmpty());
-    EXPECT_EQ(Reinicio(), kSinActualizar);
-}
-
 TEST_F(Actualizador_, DescriptoresQueNoSePuedenSeguirDevuelvenElEscritorio) {
     const struct {
         QString descriptor;
         int estilo;
         const char* contiene;
     } casos[] = {
+        {QStringLiteral("no es un descriptor"), -1, ""}, // nothing to install: quietly back
         {QStringLiteral("#0*http://h/*x.msi*false*false*false#"), estilo::Exclamacion, "x.msi"},
         {QStringLiteral("#0*http://h/*x.exe#"), estilo::Critico, "'9'"},
     };
@@ -141,42 +126,22 @@ TEST_F(Actualizador_, DescriptoresQueNoSePuedenSeguirDevuelvenElEscritorio) {
         e.cajas->limpiar();
         terminado = 0;
         Actualizar(c.descriptor);
-        ASSERT_EQ(Cajas().size(), 1);
+        ASSERT_EQ(Cajas().size(), c.estilo < 0 ? 0 : 1);
+        if (c.estilo < 0) {
+            EXPECT_TRUE(e.canales.directo->urls.last().contains(
+                "/pedidosGPRS/"
+                "obtenerDatosActualizacionVB?idEstablecimiento=7&passwordconfig=clave&"));
+            EXPECT_EQ(Reinicio(), kSinActualizar);
+            continue;
+        }
         EXPECT_EQ(Cajas()[0].first, c.estilo);
         EXPECT_TRUE(Cajas()[0].second.contains(QLatin1String(c.contiene)))
             << Cajas()[0].second.toStdString();
         EXPECT_EQ(Reinicio(), kSinActualizar);
-        EXPECT_TRUE(Leer(Ruta(QStringLiteral("TarvimentaPedidos"))) == viejo);
+        EXPECT_TRUE(LeerFichero(Ruta(QStringLiteral("TarvimentaPedidos"))) == viejo);
     }
 }
 
-TEST_F(Actualizador_, EjecutableCompletoReemplazaYReabre) {
-    const QByteArray nuevo = BytesDePrueba(3 * 1024 * 1024, 6);
-    ASSERT_TRUE(ServirFichero(sim, servidos, QStringLiteral("TarvimentaPedidos.exe"), nuevo));
-    Actualizar(Descriptor(QStringLiteral("TarvimentaPedidos.exe")));
-    EXPECT_TRUE(Leer(Ruta(QStringLiteral("TarvimentaPedidos"))) == nuevo);
-    EXPECT_TRUE(QFileInfo(Ruta(QStringLiteral("TarvimentaPedidos"))).isExecutable());
-    EXPECT_EQ(Cajas(), (QList<QPair<int, QString>>{{estilo::Informacion, kFinalizada}}));
-    EXPECT_EQ(Reinicio(), kNormal);
-    EXPECT_TRUE(instaladores.isEmpty());
-}
-
-TEST_F(Actualizador_, EjecutableCortadoLoDiceYReabreElViejoSinActualizar) {
-    ASSERT_TRUE(ServirFichero(sim, servidos, QStringLiteral("TarvimentaPedidos.exe"),
-                              BytesDePrueba(3 * 1024 * 1024, 7)));
-    ASSERT_TRUE(PonerActualizacion(
-        sim, {{QStringLiteral("cortar"), QJsonObject{{QStringLiteral("fraccion"), 0.4}}}}));
-    Actualizar(Descriptor(QStringLiteral("TarvimentaPedidos.exe"), "true"));
-    EXPECT_TRUE(Leer(Ruta(QStringLiteral("TarvimentaPedidos"))) == viejo);
-    // Even a silent update says that it did not happen.
-    ASSERT_EQ(Cajas().size(), 1);
-    EXPECT_EQ(Cajas()[0].first, estilo::Exclamacion);
-    EXPECT_TRUE(Cajas()[0].second.contains(QStringLiteral("versión que ya tenía")));
-    EXPECT_EQ(Reinicio(), kSinActualizar);
-}
-
-// The archive route: unpacked into the folder named after the archive without ".zip", its
-// installer run, its exit code deciding the box, the restart and the cleanup.
 TEST_F(Actualizador_, ZipEjecutaElInstaladorYSuCodigoDecide) {
     const struct {
         const char* nombre;
@@ -263,13 +228,13 @@ TEST_F(Actualizador_, ZipEjecutaElInstaladorYSuCodigoDecide) {
         }
         const QString zip = servidos.filePath(QStringLiteral("a.zip"));
         ASSERT_TRUE(CrearZip(zip, entradas));
-        ASSERT_TRUE(ServirFichero(sim, servidos, archivo, Leer(zip)));
+        ASSERT_TRUE(ServirFichero(sim, servidos, archivo, LeerFichero(zip)));
 
         Actualizar(Descriptor(archivo, c.silenciosa, c.instalacionSilenciosa));
 
         EXPECT_EQ(Cajas(), c.cajas);
         EXPECT_EQ(Reinicio(), c.reinicio);
-        EXPECT_TRUE(Leer(Ruta(QStringLiteral("TarvimentaPedidos"))) == viejo);
+        EXPECT_TRUE(LeerFichero(Ruta(QStringLiteral("TarvimentaPedidos"))) == viejo);
         EXPECT_EQ(QFileInfo::exists(Ruta(archivo)), !c.limpia);
         EXPECT_EQ(QFileInfo::exists(carpeta), !c.limpia);
         ASSERT_EQ(instaladores.size(), 1);
@@ -279,39 +244,12 @@ TEST_F(Actualizador_, ZipEjecutaElInstaladorYSuCodigoDecide) {
         }
         EXPECT_EQ(instaladores[0], esperadas);
         if (c.setup != nullptr) {
-            EXPECT_EQ(QString::fromUtf8(Leer(Ruta(QStringLiteral("instalado.txt")))).trimmed(),
-                      QStringList(esperadas.mid(2)).join(QLatin1Char(' ')));
+            EXPECT_EQ(
+                QString::fromUtf8(LeerFichero(Ruta(QStringLiteral("instalado.txt")))).trimmed(),
+                QStringList(esperadas.mid(2)).join(QLatin1Char(' ')));
         }
         QFile::remove(Ruta(QStringLiteral("instalado.txt")));
     }
-}
-
-TEST_F(Actualizador_, LanzarCopiaElEjecutableAlActualizadorYTermina) {
-    e.m.NombreEjecutable = QStringLiteral("TarvimentaPedidos");
-    e.m.IdEstablecimiento = 7;
-    e.m.PasswordConfig = QStringLiteral("clave");
-    ASSERT_TRUE(Escribir(Ruta(QStringLiteral("TVU")), "copia anterior"));
-
-    act->LanzarActualizador();
-
-    EXPECT_TRUE(Leer(Ruta(QStringLiteral("TVU"))) == viejo);
-    EXPECT_TRUE(QFileInfo(Ruta(QStringLiteral("TVU"))).isExecutable());
-    ASSERT_EQ(inicios.size(), 1);
-    EXPECT_EQ(inicios[0].programa, Ruta(QStringLiteral("TVU")));
-    EXPECT_EQ(inicios[0].argumentos, (QStringList{QStringLiteral("7"), QStringLiteral("clave"),
-                                                  QStringLiteral("--carpeta=/datos")}));
-    EXPECT_EQ(terminado, 1);
-    EXPECT_TRUE(Cajas().isEmpty());
-}
-
-TEST_F(Actualizador_, LanzarSinPoderCopiarAvisaYNoTermina) {
-    e.m.NombreEjecutable = QStringLiteral("NoExiste");
-    act->LanzarActualizador();
-    EXPECT_TRUE(inicios.isEmpty());
-    EXPECT_EQ(terminado, 0);
-    ASSERT_EQ(Cajas().size(), 1);
-    EXPECT_EQ(Cajas()[0].first, estilo::Exclamacion);
-    EXPECT_FALSE(QFileInfo::exists(Ruta(QStringLiteral("TVU"))));
 }
 
 TEST(MenuActualizaciones, ComprobarDesdeElMenuPreguntaAunqueNoHayaVersionNueva) {
@@ -329,6 +267,25 @@ TEST(MenuActualizaciones, ComprobarDesdeElMenuPreguntaAunqueNoHayaVersionNueva) 
     EXPECT_TRUE(e.canales.directo->urls[0].contains("pedidosgprs/obtenerUltimaVersionVB?"));
     ASSERT_EQ(e.cajas->cajas().size(), 1);
     EXPECT_TRUE(e.cajas->cajas()[0].texto.startsWith(QStringLiteral("Ya tiene la última versión")));
+}
+
+TEST(Form1Actualizacion, LaOrdenDelSondeoLanzaSinPreguntarYSiNoPuedeLoDice) {
+    Entorno e;
+    e.m.CarpetaAplicacion = e.carpeta.path();
+    e.m.NombreEjecutable = QStringLiteral("NoExiste"); // nothing to copy to the updater
+    e.canales.directo->responder("forzaractualizarahora:si");
+    Form1 f{e.m, {}};
+
+    f.ComprobarPedidosNuevos();
+
+    ASSERT_EQ(e.cajas->cajas().size(), 1);
+    EXPECT_EQ(e.cajas->cajas()[0].estilo, estilo::Exclamacion);
+    EXPECT_TRUE(e.cajas->cajas()[0].texto.startsWith(
+        QStringLiteral("No se ha podido iniciar la actualización")));
+    EXPECT_FALSE(QFileInfo::exists(e.carpeta.filePath(QStringLiteral("TVU"))));
+    // The desk goes on: the next poll still leaves.
+    f.ComprobarPedidosNuevos();
+    EXPECT_GT(e.canales.directo->urls.size(), 1);
 }
 
 } // namespace

@@ -1,4 +1,3 @@
-#include "base/ErrorEjecucion.h"
 #include "common/Entorno.h"
 #include "update/ComprobarActualizacion.h"
 
@@ -129,45 +128,10 @@ INSTANTIATE_TEST_SUITE_P(
         Caso{"automatica_sin_conexion_calla", false, false, {"!", "!"}, {}, Decision::Nada, {}, 2}),
     [](const auto& info) { return std::string(info.param.nombre); });
 
-TEST(ComprobarActualizacion, PideVersionYDescriptorConSusMayusculas) {
-    Entorno e;
-    e.m.CarpetaAplicacion = e.carpeta.path();
-    e.m.IdEstablecimiento = 12;
-    e.m.PasswordConfig = QStringLiteral("p4ss");
-    e.canales.directo->responder("1.7.0");
-    e.canales.directo->responder(kForzado);
-    ASSERT_EQ(actualizacion::Comprobar(e.m, false), Decision::Lanzar);
-    ASSERT_EQ(e.canales.directo->urls.size(), 2);
-    EXPECT_TRUE(e.canales.directo->urls[0].startsWith(
-        "https://servidor.prueba/api/pedidosgprs/obtenerUltimaVersionVB?idEstablecimiento=12"
-        "&passwordconfig=p4ss&fha="));
-    EXPECT_TRUE(e.canales.directo->urls[1].startsWith(
-        "https://servidor.prueba/api/pedidosGPRS/obtenerDatosActualizacionVB?"
-        "idEstablecimiento=12&passwordconfig=p4ss&fha="));
-}
-
-TEST(ComprobarActualizacion, DescriptorCortoEsErrorNueve) {
-    Entorno e;
-    e.m.CarpetaAplicacion = e.carpeta.path();
-    e.m.IdEstablecimiento = 7;
-    e.canales.directo->responder("1.7.0");
-    e.canales.directo->responder("#a*b*c#");
-    try {
-        actualizacion::Comprobar(e.m, false);
-        FAIL() << "sin error";
-    } catch (const ErrorEjecucion& error) {
-        EXPECT_EQ(error.numero(), ErrorEjecucion::SubindiceFueraDeIntervalo);
-    }
-}
-
-TEST(ComprobarActualizacion, SinEstablecimientoLaAutomaticaNoPregunta) {
-    Entorno e; // config.txt is missing: the establishment stays 0
-    e.m.CarpetaAplicacion = e.carpeta.path();
-    EXPECT_EQ(actualizacion::Comprobar(e.m, false), Decision::Nada);
-    EXPECT_TRUE(e.canales.directo->urls.isEmpty());
-}
-
 TEST(ComprobarActualizacion, InstalacionDelSistemaNoOfreceYLoDiceSiSePide) {
+    const QTemporaryDir propia;
+    EXPECT_FALSE(actualizacion::InstalacionDelSistema(QStringLiteral("/usrx/..") + propia.path()));
+    EXPECT_TRUE(actualizacion::InstalacionDelSistema(QStringLiteral("/usr/lib/x/../tarvimenta")));
     for (const bool manual : {false, true}) {
         Entorno e;
         e.m.CarpetaAplicacion = QStringLiteral("/usr/lib/tarvimenta-pedidos");
@@ -182,14 +146,6 @@ TEST(ComprobarActualizacion, InstalacionDelSistemaNoOfreceYLoDiceSiSePide) {
             EXPECT_TRUE(e.cajas->cajas()[0].texto.contains(QStringLiteral("gestor de paquetes")));
         }
     }
-}
-
-TEST(ComprobarActualizacion, InstalacionDelSistemaSegunCarpeta) {
-    const QTemporaryDir propia;
-    EXPECT_TRUE(actualizacion::InstalacionDelSistema(QStringLiteral("/usr/bin")));
-    EXPECT_TRUE(actualizacion::InstalacionDelSistema(QStringLiteral("/usr/lib/x/../tarvimenta")));
-    EXPECT_FALSE(actualizacion::InstalacionDelSistema(propia.path()));
-    EXPECT_FALSE(actualizacion::InstalacionDelSistema(QStringLiteral("/usrx/../") + propia.path()));
 }
 
 } // namespace
