@@ -97,9 +97,13 @@ void Actualizador::IniciarActualizacion(const QStringList& palabras) {
         InstalacionSilenciosa = Campo(*campos, 5);
         ArchivoActualizacion = Campo(*campos, 2);
         const QString url = Campo(*campos, 1) + ArchivoActualizacion;
+        // An archive's name is a file of this folder, never a path out of it.
+        const bool zip =
+            ArchivoActualizacion.contains(QRegularExpression(QStringLiteral(".zip$"))) &&
+            !ArchivoActualizacion.contains(QLatin1Char('/'));
         if (ArchivoActualizacion.contains(QRegularExpression(QStringLiteral(".exe$")))) {
             DescargarEjecutable(url);
-        } else if (ArchivoActualizacion.contains(QRegularExpression(QStringLiteral(".zip$")))) {
+        } else if (zip) {
             DescargarZip(url);
         } else {
             m_.cajas().exclamacion(

@@ -118,6 +118,8 @@ TEST_F(Actualizador_, DescriptoresQueNoSePuedenSeguirDevuelvenElEscritorio) {
     } casos[] = {
         {QStringLiteral("no es un descriptor"), -1, ""}, // nothing to install: quietly back
         {QStringLiteral("#0*http://h/*x.msi*false*false*false#"), estilo::Exclamacion, "x.msi"},
+        {QStringLiteral("#0*http://h/*../x.zip*false*false*false#"), estilo::Exclamacion,
+         "../x.zip"},
         {QStringLiteral("#0*http://h/*x.exe#"), estilo::Critico, "'9'"},
     };
     for (const auto& c : casos) {
