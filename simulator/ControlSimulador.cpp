@@ -182,6 +182,11 @@ Respuesta AtenderControl(ServicioSimulado& servicio, const Peticion& peticion) {
                          {"numconfig", c.NumConfig},
                          {"documentoTexto", c.Documento}});
         }
+        if (recurso == "actualizacion" && metodo == "PUT") {
+            std::string error;
+            return servicio.Actualizaciones().Configurar(cuerpo, error) ? Hecho()
+                                                                        : Fallo(400, error);
+        }
         if (recurso == "pedidos" && metodo == "POST") {
             return GenerarPedidos(servicio, cuerpo);
         }

@@ -210,6 +210,9 @@ Respuesta ServicioSimulado::RespuestaDeFallo(const Fallo& fallo) const {
 
 Respuesta ServicioSimulado::Normal(const std::string& ruta, const std::string& consulta) {
     Respuesta r;
+    if (actualizaciones_.Atender(ruta, r)) {
+        return r;
+    }
     if (ruta == kRutaPoll) {
         r.Cuerpo = "estadoapertura:" + TextoApertura();
     } else if (ruta == "pedidosgprs/obtenerConfiguracionV2") {

@@ -3,6 +3,7 @@
 // Thread-safe: every connection of the front calls in from its own thread.
 #pragma once
 
+#include "Actualizaciones.h"
 #include "GeneradorPedidos.h"
 #include "Peticiones.h"
 
@@ -75,6 +76,8 @@ public:
 
     static bool TipoDeFalloValido(const std::string& tipo);
 
+    ActualizacionesSimuladas& Actualizaciones() { return actualizaciones_; }
+
 private:
     long long MsDesdeInicio() const;
     bool BuscarFallo(bool https, const std::string& ruta, Fallo& fallo);
@@ -108,6 +111,7 @@ private:
     std::string textoCerradoHasta_;
     std::map<long, PedidoGuardado> pedidos_;
     long siguientePedido_ = 1001;
+    ActualizacionesSimuladas actualizaciones_;
 };
 
 } // namespace simulador

@@ -22,6 +22,10 @@
 #include "shell/Logotipo_ui.h"
 #include "sound/AlertaSonora.h"
 #include "sound/ReproductoresQt_ui.h"
+#include "update/Actualizador.h"
+#include "update/ComprobarActualizacion.h"
+#include "update/FormActualizaTV.h"
+#include "update/Procesos.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -92,11 +96,22 @@ Form1::Form1(ModuloPrincipal& m, QStringList palabras, QWidget* padre)
       timerConfig_(crearTimer(this, "TimerConfig")),
       timerPrimeraConfig_(crearTimer(this, "TimerPrimeraConfig")),
       timerPedActualizado_(crearTimer(this, "TimerPedActualizado")),
-      timerMusica_(crearTimer(this, "TimerMusica")) {
+      timerMusica_(crearTimer(this, "TimerMusica")),
+      actualizador_(new Actualizador(m_, std::make_unique<ProcesosQt>(), this)) {
     setObjectName(QStringLiteral("Form1"));
     setWindowTitle(QStringLiteral("Tarvimenta"));
     construirControles();
     construirMenu();
+    // The quit is also queued: the update may end the process from inside Initialize, before
+    // the event loop runs.
+    actualizador_->Terminar = [this] {
+        Unload();
+        QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    };
+    connect(actualizador_, &Actualizador::mostrarPrincipal, this, &QWidget::show);
+    connect(actualizador_, &Actualizador::rotulo, this, [this](const QString& texto) {
+        findChild<QLabel*>(QStringLiteral("Label1"))->setText(texto);
+    });
 
     connect(&m_, &ModuloPrincipal::conexionEnLinea, this, &Form1::conexionEnLinea);
     connect(&m_, &ModuloPrincipal::conexionPerdida, this, &Form1::conexionPerdida);
@@ -276,7 +291,10 @@ void Form1::construirMenu() {
     entrada("Impresora", QStringLiteral("Configurarión de Impresoras"));
     QAction* actualizar = entrada("Actualizar", QStringLiteral("Actualizar Configuración"));
     accionMusica_ = entrada("Musica", QStringLiteral("Reproducir Música"));
-    entrada("Actualizaciones", QStringLiteral("Comprobar Actualizaciones"));
+    QAction* actualizaciones =
+        entrada("Actualizaciones", QStringLiteral("Comprobar Actualizaciones"));
+    connect(actualizaciones, &QAction::triggered, this,
+            [this] { protegido([this] { actualizador_->ComprobarActualizacion(true); }); });
     QAction* admin = entrada("Admin", QStringLiteral("Admin"));
     connect(admin, &QAction::triggered, this, [this] { protegido([this] { AbrirAdmin(); }); });
 
@@ -320,8 +338,10 @@ bool Form1::Initialize() {
     // as a desk without an establishment.
     protegido([this] { LeerConfigTxt(m_); });
     m_.ModoActualizador = false;
-    if (m_.NombreEjecutable == QLatin1String("TVU")) {
+    if (m_.NombreEjecutable == actualizacion::NombreActualizador) {
         m_.ModoActualizador = true;
+        new FormActualizaTV(*actualizador_, this);
+        actualizador_->IniciarActualizacion(palabras_);
     } else {
         m_.NoActualizar =
             !palabras_.isEmpty() && palabras_.first() == QLatin1String("noactualizar");
@@ -437,7 +457,9 @@ void Form1::RellenarMotivosRechazo() {
 
 // Where later windows and modules plug in; nothing of theirs exists yet.
 void Form1::CargarCarta() {}
-void Form1::ComprobarActualizacionAutomatica() {}
+void Form1::ComprobarActualizacionAutomatica() {
+    actualizador_->ComprobarActualizacion(false);
+}
 
 void Form1::mostrarModo(qint16 modo) {
     const bool impresion = modo == 1 || modo == 2;
@@ -476,6 +498,9 @@ void Form1::tickConfig() {
 }
 
 void Form1::ComprobarPedidosNuevos() {
+    if (descargado_) {
+        return; // ending (handed over to the updater): no order is taken any more
+    }
     // An automatic acceptance that the service did not take goes again before anything new
     // is asked for; this turn is its.
     if (m_.AceptacionPendiente && AceptarPedido) {
@@ -494,6 +519,8 @@ void Form1::ComprobarPedidosNuevos() {
     case sondeo::Respuesta::ImprimirDia:
     case sondeo::Respuesta::Mensaje:
     case sondeo::Respuesta::ForzarActualizacion:
+        actualizador_->LanzarActualizador();
+        break;
     case sondeo::Respuesta::Nada:
         break;
     }

@@ -16,6 +16,7 @@ class QMenu;
 class FormPedidoNuevo;
 class FormAdmin;
 class RespuestasPedido;
+class Actualizador;
 
 // The main window: the anchor of the whole desk from start to end. It owns the five
 // timers that drive every repeating activity and shows who the desk is, whether the
@@ -54,6 +55,7 @@ public:
     void Unload();
 
     ModuloPrincipal& modulo() { return m_; }
+    Actualizador& actualizador() { return *actualizador_; }
     // Keeps a file with what the window shows, rewritten after every event handled.
     void setVolcado(const QString& fichero) { volcado_ = fichero; }
     void volcar();
@@ -118,4 +120,5 @@ private:
     FormPedidoNuevo* formPedidoNuevo_ = nullptr;
     RespuestasPedido* respuestas_ = nullptr;
     FormAdmin* formAdmin_ = nullptr;
+    Actualizador* actualizador_;
 };

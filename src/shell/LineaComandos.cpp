@@ -39,6 +39,7 @@ LineaComandos LineaComandos::Leer(const QStringList& argumentos, const QProcessE
     }
 
     LineaComandos l;
+    l.opciones = opciones;
     auto leer = [&](const QString& nombre, const QString& variable) {
         const QString v = valorOpcion(opciones, nombre);
         return v.isEmpty() ? entorno.value(variable) : v;

@@ -24,6 +24,7 @@ struct LineaComandos {
     QStringList impresorasPdf;
     QString carpetaPdf;
     QStringList palabras;
+    QStringList opciones; // the "--" options as given, handed on by the self-update
 
     static LineaComandos Leer(const QStringList& argumentos, const QProcessEnvironment& entorno,
                               const QString& carpetaEjecutable);
