@@ -15,6 +15,8 @@ class QAction;
 class QMenu;
 class FormPedidoNuevo;
 class FormAdmin;
+class FormConfig;
+class FormImpresoras;
 class RespuestasPedido;
 
 // The main window: the anchor of the whole desk from start to end. It owns the five
@@ -36,6 +38,9 @@ public:
     void ComprobarPedidosNuevos();
     // The login window, made on first use and hidden rather than closed.
     FormAdmin& AbrirAdmin();
+    // The general and the printer settings, made on first use and hidden rather than closed.
+    FormConfig& AbrirConfig();
+    FormImpresoras& AbrirImpresoras();
 
     // The new-order window, made on first use and kept to the end.
     FormPedidoNuevo& formPedidoNuevo();
@@ -116,4 +121,6 @@ private:
     FormPedidoNuevo* formPedidoNuevo_ = nullptr;
     RespuestasPedido* respuestas_ = nullptr;
     FormAdmin* formAdmin_ = nullptr;
+    FormConfig* formConfig_ = nullptr;
+    FormImpresoras* formImpresoras_ = nullptr;
 };
