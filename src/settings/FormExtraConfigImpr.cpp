@@ -61,6 +61,7 @@ FormExtraConfigImpr::FormExtraConfigImpr(ModuloPrincipal& m, QWidget* padre)
       notaNombreGrande_(
           nota(this, QStringLiteral("Solo para cocina. Tiene que estar marcado el "
                                     "check de mostrar impresora en configuración cocina"))),
+      notaDatosCliente_(nota(this, QStringLiteral("Nombre y apellidos, teléfono y dirección"))),
       notaTotalBruto_(nota(this, QStringLiteral("Solo para ticket de venta"))),
       commandHecho_(crear<QPushButton>(this, "CommandHecho", QStringLiteral("Hecho"))),
       butCancelar_(crear<QPushButton>(this, "butCancelar", QStringLiteral("Cancelar"))) {
@@ -75,8 +76,8 @@ FormExtraConfigImpr::FormExtraConfigImpr(ModuloPrincipal& m, QWidget* padre)
     columna->addWidget(checkProdComenGrande_);
     columna->addWidget(checkProdComenMayus_);
     columna->addWidget(checkDatosCliCocina_);
+    columna->addWidget(notaDatosCliente_);
     columna->addWidget(checkDatosCliYEnvGrande_);
-    columna->addWidget(nota(this, QStringLiteral("Nombre y apellidos, teléfono y dirección")));
     columna->addWidget(checkPreciosProdCocina_);
     auto* filaTotal = new QHBoxLayout;
     filaTotal->addWidget(checkMostrarTotalBruto_);
@@ -140,6 +141,7 @@ void FormExtraConfigImpr::Mostrar() {
     checkNombreImprGrande_->setVisible(cocina);
     notaNombreGrande_->setVisible(cocina);
     checkDatosCliCocina_->setVisible(cocina);
+    notaDatosCliente_->setVisible(cocina);
     checkPreciosProdCocina_->setVisible(cocina);
     textNPedEnvFin_->setEnabled(cocina);
     checkMostrarTotalBruto_->setVisible(!cocina);

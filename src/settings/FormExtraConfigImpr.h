@@ -46,6 +46,7 @@ private:
     QLineEdit* textNumLinBlanIni_;
     QLineEdit* textNumLinBlanFin_;
     QWidget* notaNombreGrande_;
+    QWidget* notaDatosCliente_;
     QWidget* notaTotalBruto_;
     QPushButton* commandHecho_;
     QPushButton* butCancelar_;

@@ -86,6 +86,8 @@ FormImpresoras::FormImpresoras(ModuloPrincipal& m, std::function<bool()> refresc
       butCerrarPedAnt_(crear<QPushButton>(this, "butCerrarPedAnt", QStringLiteral("Cerrar"))) {
     setObjectName(QStringLiteral("FormImpresoras"));
     setWindowTitle(QStringLiteral("Configurar Impresoras"));
+    // Ten tabs side by side, none hidden behind scroll arrows.
+    tabStrip1_->setStyleSheet(QStringLiteral("QTabBar::tab { padding: 4px 7px; }"));
     for (int slot = 1; slot <= 10; ++slot) {
         construirPanel(slot);
     }
@@ -107,6 +109,8 @@ FormImpresoras::FormImpresoras(ModuloPrincipal& m, std::function<bool()> refresc
     controles_ajustes::InstalarTeclado(this, butGuardar_,
                                        [this] { protegido([this] { butCerrarPedAntClick(); }); });
     protegido([this] { Obtener_Impresoras(); });
+    // Wide enough for the ten tabs side by side, low enough for a 1024x768 screen.
+    resize(960, 660);
 }
 
 FormImpresoras::~FormImpresoras() = default;
@@ -250,8 +254,11 @@ void FormImpresoras::construirPanel(int slot) {
     c->frmESCPOS->hide();
 
     auto* abajo = new QHBoxLayout;
-    abajo->addWidget(c->frmDriverWindows, 1);
-    abajo->addWidget(c->frmESCPOS, 1);
+    c->frmDriverWindows->setMinimumWidth(560);
+    c->frmESCPOS->setMinimumWidth(560);
+    abajo->addWidget(c->frmDriverWindows);
+    abajo->addWidget(c->frmESCPOS);
+    abajo->addStretch(1);
     auto* columna = new QVBoxLayout(panel);
     columna->addLayout(arriba);
     columna->addLayout(medio);
