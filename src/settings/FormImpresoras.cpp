@@ -3,6 +3,7 @@
 #include "base/ModuloPrincipal.h"
 #include "platform/EjecucionProtegida.h"
 #include "printing/ImpresoraDW.h"
+#include "printing/PruebaImpresoraEP.h"
 #include "settings/ControlesAjustes_ui.h"
 #include "settings/FormCategoriasCocina.h"
 #include "settings/FormExtraConfigImpr.h"
@@ -301,9 +302,7 @@ void FormImpresoras::construirPanel(int slot) {
             [this, slot] { protegido([=, this] { abrirExtra(slot); }); });
     connect(c->testImprimirESCPOS, &QPushButton::clicked, this, [this, slot] {
         protegido([=, this] {
-            if (ImprimirPrueba) {
-                ImprimirPrueba(Panel(slot));
-            }
+            prueba_ep::ImprimirPruebaEP(m_, paneles_impresora::RegistroDePrueba(Panel(slot)));
         });
     });
     if (command1 != nullptr) {
@@ -477,13 +476,6 @@ void FormImpresoras::butCancelarClick() {
 
 void FormImpresoras::butCerrarPedAntClick() {
     hide();
-}
-
-void FormImpresoras::showEvent(QShowEvent* e) {
-    for (const auto& c : paneles_) {
-        c->testImprimirESCPOS->setEnabled(static_cast<bool>(ImprimirPrueba));
-    }
-    QWidget::showEvent(e);
 }
 
 void FormImpresoras::closeEvent(QCloseEvent* e) {

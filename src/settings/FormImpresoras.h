@@ -44,13 +44,8 @@ public:
     FormExtraConfigImpr* formExtraSiExiste() const { return formExtra_; }
     FormCategoriasCocina* formCategoriasSiExiste() const { return formCategorias_; }
 
-    // The printer test of a raw printer, with the values on the panel on screen. While it
-    // is not set the panel's "Test" button stays disabled.
-    std::function<void(const PanelImpresora&)> ImprimirPrueba;
-
 protected:
     void closeEvent(QCloseEvent* e) override;
-    void showEvent(QShowEvent* e) override;
 
 private:
     struct Controles;

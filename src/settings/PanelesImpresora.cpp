@@ -143,6 +143,24 @@ QString InicioRutaCompartida(const QString& equipo) {
     return QStringLiteral("\\\\") + equipo + QStringLiteral("\\");
 }
 
+ClassConfigImpresora RegistroDePrueba(const PanelImpresora& p) {
+    ClassConfigImpresora r;
+    r.TipoImpresion = QStringLiteral("EP");
+    r.NombreImpresora = p.Nombre;
+    r.ReemplazarCaracEsp = p.ReempCEsp;
+    r.ReemplazarCaracEscPosPC858 = p.PC858;
+    r.EPConexion = p.Conexion;
+    r.EPNumColumnas = clasico::CInt(p.NColumnas);
+    r.EPComInicializar = p.Inicializar;
+    r.EPComConfigCaracteres = p.ConfigCaracteres;
+    r.EPComDobleAltoActivar = p.ActDobleAlto;
+    r.EPComDobleAltoDesact = p.DesactDobleAlto;
+    r.EPComSubirYCotarPapel = p.CortarPapel;
+    r.EPComSubirLineas = p.SubirLineas;
+    r.EPComExtrasFin = p.ExtrasFin;
+    return r;
+}
+
 QString ComprobarPaneles(const PanelesImpresora& paneles) {
     for (int slot = 1; slot <= 10; ++slot) {
         const PanelImpresora& p = paneles.at(static_cast<size_t>(slot - 1));

@@ -70,6 +70,11 @@ void ElegirImpresora(PanelImpresora& panel, ClassConfigImpresora& registro, cons
 // The shared printer path that the first panel's "<-" starts: "\\" host "\".
 QString InicioRutaCompartida(const QString& equipo);
 
+// The raw printer that the panel's "Test" button prints on: the name, the character options,
+// the connection and the commands as they stand in the panel. A column count that is empty or
+// no number is a run-time error.
+ClassConfigImpresora RegistroDePrueba(const PanelImpresora& panel);
+
 // The text of the box that stops a save before anything is sent, or empty when all ten
 // panels can be saved: a printer without a type, or a type without a printer.
 QString ComprobarPaneles(const PanelesImpresora& paneles);

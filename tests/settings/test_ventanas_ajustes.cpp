@@ -1,3 +1,4 @@
+#include "common/CapturaEP.h"
 #include "common/Entorno.h"
 #include "common/ImpresoraDWGrabadora.h"
 #include "common/NumeroDeError.h"
@@ -165,6 +166,12 @@ TEST_F(Ventanas_, ImpresorasListadasElegidasYGuardadas) {
     EXPECT_TRUE(de<QRadioButton>(&f, "OptionESCPOS", 3)->isChecked()); // a second click keeps it
     auto* conexion = de<QLineEdit>(&f, "txtConexion", 3);
     conexion->setText(QStringLiteral("127.0.0.1:9100"));
+    // The test page goes out with the panel's values, before any save.
+    CapturaEP captura(e.m);
+    QTest::mouseClick(de<QPushButton>(&f, "TestImprimirESCPOS", 3), Qt::LeftButton);
+    EXPECT_TRUE(
+        captura.bytes(QStringLiteral("127.0.0.1:9100")).startsWith("\x1b@\x1bt\x13\x1b!0Caja\n"));
+    EXPECT_TRUE(e.canales.directo->urls.isEmpty());
 
     // The factor takes one comma; a point is typed as one.
     auto* factor = de<QLineEdit>(&f, "txtFactorFuente", 1);
