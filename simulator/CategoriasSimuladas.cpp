@@ -14,7 +14,7 @@ json CategoriasPorDefecto() {
                         viva(kCategoriaPizzas, "Pizzas"),
                         viva(kCategoriaHamburguesas, "Hamburguesas"),
                         {{"id", 16}, {"nombre", "Menú del día"}, {"fechabaja", "2026-03-01"}},
-                        viva(kCategoriaBebidas, "Bebidas"),
+                        viva(kCategoriaBebidas, "Bebidas y cafés"),
                         viva(kCategoriaPostres, "Postres")});
 }
 

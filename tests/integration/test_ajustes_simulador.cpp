@@ -99,7 +99,7 @@ TEST_F(AjustesSimulador, UnaImpresoraPuestaEnLaVentanaImprimeSinReiniciar) {
     QTest::mouseClick(de<QPushButton>(&w, "butCocina", 3), Qt::LeftButton);
     auto* lista = w.formCategoriasSiExiste()->findChild<QTreeWidget*>("ListViewCategoriasCocina");
     ASSERT_EQ(lista->topLevelItemCount(), 5);
-    EXPECT_EQ(lista->topLevelItem(3)->text(1), QStringLiteral("Bebidas"));
+    EXPECT_EQ(lista->topLevelItem(3)->text(1), QStringLiteral("Bebidas y cafés"));
     lista->topLevelItem(1)->setCheckState(0, Qt::Unchecked);
     lista->topLevelItem(4)->setCheckState(0, Qt::Checked);
     QTest::mouseClick(w.formCategoriasSiExiste()->findChild<QPushButton*>("CommandHecho"),

@@ -1,5 +1,5 @@
-#include "common/Entorno.h"
 #include "common/NumeroDeError.h"
+#include "platform/CajaMensajes.h"
 #include "settings/CategoriasCocina.h"
 #include "settings/OpcionesExtraImpresora.h"
 
@@ -117,18 +117,4 @@ TEST(CategoriasCocina, HechoGuardaFormaDeEnvioYLasMarcadasEnOrden) {
     // All unticked: the empty text, which the next opening shows as all ticked.
     ASSERT_TRUE(cc::Aplicar(cajas, r, true, true, false, {{"14", "Bebidas", false}}));
     EXPECT_EQ(r.CategoriasIds, QString());
-}
-
-TEST(CategoriasCocina, SePidenAlServicioDelEstablecimiento) {
-    Entorno e;
-    e.m.IdEstablecimiento = 7;
-    e.canales.directo->responder(kCategorias.toUtf8());
-    const auto filas = cc::PedirCategorias(e.m, QStringLiteral("12"));
-    ASSERT_EQ(e.canales.directo->urls.size(), 1);
-    EXPECT_EQ(e.canales.directo->urls[0],
-              "https://servidor.prueba/api/categoria/find?estId=7&fha=2026111490507");
-    ASSERT_EQ(filas.size(), 3);
-    EXPECT_EQ(marcadas(filas), (QStringList{"11-", "12+", "14-"}));
-    // The reply's UTF-8 bytes come back as the letters they are.
-    EXPECT_EQ(filas[2].Nombre, QStringLiteral("Bebidas y cafés"));
 }

