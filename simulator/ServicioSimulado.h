@@ -4,6 +4,7 @@
 #pragma once
 
 #include "Actualizaciones.h"
+#include "CategoriasSimuladas.h"
 #include "GeneradorPedidos.h"
 #include "Peticiones.h"
 
@@ -67,6 +68,8 @@ public:
     void QuitarFallos();
     void Configurar(const Configuracion& configuracion);
     Configuracion ConfiguracionActual() const;
+    // What categoria/find lists (see CategoriasSimuladas.h).
+    void PonerCategorias(nlohmann::ordered_json categorias);
 
     // Generates, stores and queues for the poll; returns the stored orders.
     std::vector<PedidoGuardado> GenerarPedidos(int cantidad, std::uint64_t semilla,
@@ -110,6 +113,7 @@ private:
     std::chrono::system_clock::time_point cerradoHasta_;
     std::string textoCerradoHasta_;
     std::map<long, PedidoGuardado> pedidos_;
+    nlohmann::ordered_json categorias_ = CategoriasPorDefecto();
     long siguientePedido_ = 1001;
     ActualizacionesSimuladas actualizaciones_;
 };

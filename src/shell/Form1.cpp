@@ -19,6 +19,8 @@
 #include "printing/ColasImpresion.h"
 #include "server/Configuracion.h"
 #include "settings/FormAdmin.h"
+#include "settings/FormConfig.h"
+#include "settings/FormImpresoras.h"
 #include "shell/Logotipo_ui.h"
 #include "sound/AlertaSonora.h"
 #include "sound/ReproductoresQt_ui.h"
@@ -287,8 +289,11 @@ void Form1::construirMenu() {
         a->setObjectName(QLatin1String(nombre));
         return a;
     };
-    entrada("Configuracion", QStringLiteral("Configuración General"));
-    entrada("Impresora", QStringLiteral("Configurarión de Impresoras"));
+    QAction* config = entrada("Configuracion", QStringLiteral("Configuración General"));
+    QAction* impresora = entrada("Impresora", QStringLiteral("Configurarión de Impresoras"));
+    connect(config, &QAction::triggered, this, [this] { protegido([this] { AbrirConfig(); }); });
+    connect(impresora, &QAction::triggered, this,
+            [this] { protegido([this] { AbrirImpresoras(); }); });
     QAction* actualizar = entrada("Actualizar", QStringLiteral("Actualizar Configuración"));
     accionMusica_ = entrada("Musica", QStringLiteral("Reproducir Música"));
     QAction* actualizaciones =
@@ -439,6 +444,9 @@ void Form1::AplicarTamannosFuente() {
     f.setPointSize(qMax<int>(1, m_.TamannoFuenteListasCheck));
     listaAgotados_->setFont(f);
     ::AplicarTamannosFuente(m_, &formPedidoNuevo());
+    if (formConfig_ != nullptr) {
+        formConfig_->AplicarTamannoListas();
+    }
     // The other check lists take their sizes when their windows exist.
 }
 
@@ -481,6 +489,28 @@ FormAdmin& Form1::AbrirAdmin() {
     formAdmin_->show();
     formAdmin_->raise();
     return *formAdmin_;
+}
+
+FormConfig& Form1::AbrirConfig() {
+    if (formConfig_ == nullptr) {
+        formConfig_ = new FormConfig(
+            m_, [this] { AplicarTamannosFuente(); }, this);
+    }
+    formConfig_->show();
+    formConfig_->raise();
+    formConfig_->IniciarValores();
+    return *formConfig_;
+}
+
+FormImpresoras& Form1::AbrirImpresoras() {
+    if (formImpresoras_ == nullptr) {
+        formImpresoras_ = new FormImpresoras(
+            m_, [this] { return RefrescarConfiguracion(); }, this);
+    }
+    formImpresoras_->CargarDatosImpresora();
+    formImpresoras_->show();
+    formImpresoras_->raise();
+    return *formImpresoras_;
 }
 
 void Form1::tickConfig() {

@@ -15,6 +15,8 @@ class QAction;
 class QMenu;
 class FormPedidoNuevo;
 class FormAdmin;
+class FormConfig;
+class FormImpresoras;
 class RespuestasPedido;
 class Actualizador;
 
@@ -37,6 +39,9 @@ public:
     void ComprobarPedidosNuevos();
     // The login window, made on first use and hidden rather than closed.
     FormAdmin& AbrirAdmin();
+    // The general and the printer settings, made on first use and hidden rather than closed.
+    FormConfig& AbrirConfig();
+    FormImpresoras& AbrirImpresoras();
 
     // The new-order window, made on first use and kept to the end.
     FormPedidoNuevo& formPedidoNuevo();
@@ -121,4 +126,6 @@ private:
     RespuestasPedido* respuestas_ = nullptr;
     FormAdmin* formAdmin_ = nullptr;
     Actualizador* actualizador_;
+    FormConfig* formConfig_ = nullptr;
+    FormImpresoras* formImpresoras_ = nullptr;
 };
