@@ -2,6 +2,9 @@
 
 #include "base/ErrorEjecucion.h"
 
+#include <cstring>
+#include <iterator>
+
 namespace {
 
 constexpr int kUsoNoValidoDeNull = 94;
@@ -157,16 +160,95 @@ bool ValorJson::operator==(const ValorJson& otro) const {
     return v_ == otro.v_;
 }
 
-qsizetype DiccionarioJson::buscar(const QString& clave) const {
-    if (entradas_.size() > kUmbralIndice) {
-        return indice_.value(clave, -1);
+namespace {
+
+bool mismaClave(const QString& a, QStringView b) {
+    return a.size() == b.size() &&
+           (a.constData() == reinterpret_cast<const QChar*>(b.data()) ||
+            std::memcmp(a.constData(), b.data(), static_cast<size_t>(b.size()) * 2) == 0);
+}
+
+// A quick hash of the UTF-16 units, four at a time.
+quint32 hashDeClave(QStringView clave) {
+    const char16_t* d = clave.utf16();
+    qsizetype n = clave.size();
+    quint64 h = 0x9E3779B97F4A7C15ULL ^ static_cast<quint64>(n);
+    auto mezclar = [&h](quint64 w) {
+        h = (h ^ w) * 0xBF58476D1CE4E5B9ULL;
+        h ^= h >> 31;
+    };
+    for (; n >= 4; n -= 4, d += 4) {
+        quint64 w;
+        std::memcpy(&w, d, sizeof w);
+        mezclar(w);
     }
-    for (size_t i = 0; i < entradas_.size(); ++i) {
-        if (entradas_[i].first == clave) {
-            return static_cast<qsizetype>(i);
+    if (n > 0) {
+        quint64 w = 0;
+        std::memcpy(&w, d, static_cast<size_t>(n) * 2);
+        mezclar(w);
+    }
+    return static_cast<quint32>(h ^ (h >> 32));
+}
+
+} // namespace
+
+qsizetype DiccionarioJson::buscar(QStringView clave) const {
+    if (huecos_.empty()) {
+        for (size_t i = 0; i < entradas_.size(); ++i) {
+            if (mismaClave(entradas_[i].first, clave)) {
+                return static_cast<qsizetype>(i);
+            }
+        }
+        return -1;
+    }
+    const quint32 h = hashDeClave(clave);
+    const size_t mascara = huecos_.size() - 1;
+    for (size_t k = h & mascara;; k = (k + 1) & mascara) {
+        const qint32 i = huecos_[k];
+        if (i < 0) {
+            return -1;
+        }
+        if (hashes_[static_cast<size_t>(i)] == h &&
+            mismaClave(entradas_[static_cast<size_t>(i)].first, clave)) {
+            return i;
         }
     }
-    return -1;
+}
+
+qsizetype DiccionarioJson::indexar(size_t i, quint32 hash) {
+    const size_t mascara = huecos_.size() - 1;
+    for (size_t k = hash & mascara;; k = (k + 1) & mascara) {
+        const qint32 j = huecos_[k];
+        if (j < 0) {
+            huecos_[k] = static_cast<qint32>(i);
+            return -1;
+        }
+        if (hashes_[static_cast<size_t>(j)] == hash &&
+            mismaClave(entradas_[static_cast<size_t>(j)].first, entradas_[i].first)) {
+            return j;
+        }
+    }
+}
+
+bool DiccionarioJson::reconstruirIndice() {
+    hashes_.clear();
+    huecos_.clear();
+    if (entradas_.size() <= kUmbralIndice) {
+        return true;
+    }
+    size_t tamanno = 32;
+    while (tamanno < entradas_.size() * 2) {
+        tamanno *= 2;
+    }
+    huecos_.assign(tamanno, -1);
+    hashes_.reserve(entradas_.size());
+    for (size_t i = 0; i < entradas_.size(); ++i) {
+        hashes_.push_back(hashDeClave(entradas_[i].first));
+        if (indexar(i, hashes_.back()) >= 0) {
+            return false;
+        }
+    }
+    return true;
 }
 
 void DiccionarioJson::annadir(const QString& clave, ValorJson valor) {
@@ -174,13 +256,38 @@ void DiccionarioJson::annadir(const QString& clave, ValorJson valor) {
         entradas_.reserve(4);
     }
     entradas_.emplace_back(clave, std::move(valor));
-    if (entradas_.size() == kUmbralIndice + 1) {
-        for (size_t i = 0; i < entradas_.size(); ++i) {
-            indice_.insert(entradas_[i].first, static_cast<qsizetype>(i));
+    if (huecos_.empty() || entradas_.size() * 2 > huecos_.size()) {
+        if (entradas_.size() > kUmbralIndice) {
+            reconstruirIndice();
         }
-    } else if (entradas_.size() > kUmbralIndice + 1) {
-        indice_.insert(clave, static_cast<qsizetype>(entradas_.size() - 1));
+        return;
     }
+    hashes_.push_back(hashDeClave(clave));
+    indexar(entradas_.size() - 1, hashes_.back());
+}
+
+bool DiccionarioJson::tomarEntradas(std::pair<QString, ValorJson>* entradas, size_t n) {
+    if (n <= kUmbralIndice) {
+        for (size_t i = 1; i < n; ++i) {
+            for (size_t j = 0; j < i; ++j) {
+                if (mismaClave(entradas[j].first, entradas[i].first)) {
+                    return false;
+                }
+            }
+        }
+        entradas_.assign(std::make_move_iterator(entradas), std::make_move_iterator(entradas + n));
+        return true;
+    }
+    entradas_.assign(std::make_move_iterator(entradas), std::make_move_iterator(entradas + n));
+    if (reconstruirIndice()) {
+        return true;
+    }
+    // A repeated key stopped the index: give the entries back as they came.
+    std::move(entradas_.begin(), entradas_.end(), entradas);
+    entradas_.clear();
+    hashes_.clear();
+    huecos_.clear();
+    return false;
 }
 
 ValorJson& DiccionarioJson::Item(const QString& clave) {
@@ -205,12 +312,7 @@ void DiccionarioJson::Remove(const QString& clave) {
         error(ErrorEjecucion::ArgumentoNoValido);
     }
     entradas_.erase(entradas_.begin() + static_cast<std::ptrdiff_t>(posicion));
-    indice_.clear();
-    if (entradas_.size() > kUmbralIndice) {
-        for (size_t i = 0; i < entradas_.size(); ++i) {
-            indice_.insert(entradas_[i].first, static_cast<qsizetype>(i));
-        }
-    }
+    reconstruirIndice();
 }
 
 QStringList DiccionarioJson::Keys() const {
@@ -236,4 +338,8 @@ ValorJson& ColeccionJson::Item(int indice) {
         error(ErrorEjecucion::SubindiceFueraDeIntervalo);
     }
     return items_[static_cast<size_t>(indice - 1)];
+}
+
+void ColeccionJson::tomarItems(ValorJson* items, size_t n) {
+    items_.assign(std::make_move_iterator(items), std::make_move_iterator(items + n));
 }

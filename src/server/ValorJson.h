@@ -2,10 +2,10 @@
 
 #include "base/Conversiones.h"
 
-#include <QHash>
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <QStringView>
 #include <memory>
 #include <utility>
 #include <variant>
@@ -102,14 +102,24 @@ public:
     // The entries in order.
     const std::vector<std::pair<QString, ValorJson>>& entradas() const { return entradas_; }
 
-private:
-    qsizetype buscar(const QString& clave) const;
-    void annadir(const QString& clave, ValorJson valor);
+    // Moves `n` entries, in order, into an empty dictionary at one go. When two of them
+    // share a key it takes none and answers false.
+    bool tomarEntradas(std::pair<QString, ValorJson>* entradas, size_t n);
 
-    // Small objects are searched in order; past a few keys an index is kept.
+private:
+    qsizetype buscar(QStringView clave) const;
+    void annadir(const QString& clave, ValorJson valor);
+    // Puts entry `i` in the table; -1 when done, else the entry that has the same key.
+    qsizetype indexar(size_t i, quint32 hash);
+    // False when two keys are equal (only entries taken at one go can be).
+    bool reconstruirIndice();
+
+    // Small objects are searched in order; past a few keys each key's hash is kept and an
+    // open-addressed table of positions (a power of two, at most half full) finds them.
     static constexpr size_t kUmbralIndice = 8;
     std::vector<std::pair<QString, ValorJson>> entradas_;
-    QHash<QString, qsizetype> indice_;
+    std::vector<quint32> hashes_;
+    std::vector<qint32> huecos_;
 };
 
 // An array: items numbered from 1.
@@ -117,6 +127,8 @@ class ColeccionJson {
 public:
     int Count() const { return static_cast<int>(items_.size()); }
     void Add(ValorJson valor) { items_.push_back(std::move(valor)); }
+    // Moves `n` items, in order, into an empty collection at one go.
+    void tomarItems(ValorJson* items, size_t n);
     // Item number `indice`, 1 to Count; error 9 otherwise.
     ValorJson& Item(int indice);
     const std::vector<ValorJson>& items() const { return items_; }
