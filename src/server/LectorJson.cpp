@@ -2,6 +2,8 @@
 
 #include "base/ErrorEjecucion.h"
 
+#include <cstring>
+
 #if defined(__SSE2__)
 #include <emmintrin.h>
 #endif
@@ -298,11 +300,14 @@ QString LectorJson::claveCompartida(QStringView vista) {
     if (vista.isEmpty()) {
         return QString();
     }
-    const size_t h = (static_cast<size_t>(vista.size()) * 31 + vista.front().unicode() * 7 +
-                      vista.back().unicode() * 3) %
-                     claves_.size();
-    QString& guardada = claves_[h];
-    if (guardada != vista) {
+    const size_t n = static_cast<size_t>(vista.size());
+    const char16_t* d = vista.utf16();
+    const size_t h =
+        (n * 0x9E3779B1u ^ d[0] * 0x85EBCA77u ^ d[n / 2] * 0xC2B2AE3Du ^ d[n - 1] * 0x27D4EB2Fu) >>
+        7;
+    QString& guardada = claves_[h % claves_.size()];
+    if (static_cast<size_t>(guardada.size()) != n ||
+        std::memcmp(guardada.constData(), d, n * sizeof(char16_t)) != 0) {
         guardada = vista.toString();
     }
     return guardada;

@@ -72,12 +72,13 @@ private:
     QStringView s_;
     qsizetype pos_ = 0;
     QString errores_;
-    std::array<QString, 64> claves_;
+    std::array<QString, 128> claves_;
     // Working space reused from string to string and container to container.
     std::u16string escapado_;
     std::u16string cifras_;
     std::vector<std::pair<QString, ValorJson>> entradasAbiertas_;
     std::vector<ValorJson> itemsAbiertos_;
+    std::vector<quint32> trabajoClaves_;
 };
 
 // Parses `texto`; when `ErroresJson` is given it receives the error lines of this parse.

@@ -157,7 +157,8 @@ bool LectorJson::objetoEstricto(ValorJson& valor, int profundidad) {
         }
     }
     auto dic = std::make_shared<DiccionarioJson>();
-    if (!dic->tomarEntradas(entradasAbiertas_.data() + base, entradasAbiertas_.size() - base)) {
+    if (!dic->tomarEntradas(entradasAbiertas_.data() + base, entradasAbiertas_.size() - base,
+                            trabajoClaves_)) {
         return false;
     }
     entradasAbiertas_.resize(base);

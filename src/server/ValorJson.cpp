@@ -2,6 +2,7 @@
 
 #include "base/ErrorEjecucion.h"
 
+#include <algorithm>
 #include <cstring>
 #include <iterator>
 
@@ -192,8 +193,53 @@ quint32 hashDeClave(QStringView clave) {
 
 } // namespace
 
+namespace {
+
+constexpr quint32 kHuecoLibre = 0xFFFFFFFFu;
+
+size_t tamannoDeTabla(size_t entradas) {
+    size_t t = 32;
+    while (t < entradas * 2) {
+        t *= 2;
+    }
+    return t;
+}
+
+// Puts entry `i` in the table; the entry that has the same key, or -1 when it went in.
+qsizetype colocar(const std::pair<QString, ValorJson>* entradas, const quint32* hashes,
+                  quint32* huecos, size_t mascara, size_t i) {
+    for (size_t k = hashes[i] & mascara;; k = (k + 1) & mascara) {
+        const quint32 j = huecos[k];
+        if (j == kHuecoLibre) {
+            huecos[k] = static_cast<quint32>(i);
+            return -1;
+        }
+        if (hashes[j] == hashes[i] && mismaClave(entradas[j].first, entradas[i].first)) {
+            return j;
+        }
+    }
+}
+
+} // namespace
+
+void DiccionarioJson::indexar() const {
+    hashes_.resize(entradas_.size());
+    for (size_t i = 0; i < entradas_.size(); ++i) {
+        hashes_[i] = hashDeClave(entradas_[i].first);
+    }
+    huecos_.assign(tamannoDeTabla(entradas_.size()), kHuecoLibre);
+    for (size_t i = 0; i < entradas_.size(); ++i) {
+        colocar(entradas_.data(), hashes_.data(), huecos_.data(), huecos_.size() - 1, i);
+    }
+}
+
+void DiccionarioJson::olvidarIndice() {
+    hashes_.clear();
+    huecos_.clear();
+}
+
 qsizetype DiccionarioJson::buscar(QStringView clave) const {
-    if (huecos_.empty()) {
+    if (entradas_.size() <= kUmbralIndice) {
         for (size_t i = 0; i < entradas_.size(); ++i) {
             if (mismaClave(entradas_[i].first, clave)) {
                 return static_cast<qsizetype>(i);
@@ -201,54 +247,20 @@ qsizetype DiccionarioJson::buscar(QStringView clave) const {
         }
         return -1;
     }
+    if (huecos_.empty()) {
+        indexar();
+    }
     const quint32 h = hashDeClave(clave);
     const size_t mascara = huecos_.size() - 1;
     for (size_t k = h & mascara;; k = (k + 1) & mascara) {
-        const qint32 i = huecos_[k];
-        if (i < 0) {
+        const quint32 i = huecos_[k];
+        if (i == kHuecoLibre) {
             return -1;
         }
-        if (hashes_[static_cast<size_t>(i)] == h &&
-            mismaClave(entradas_[static_cast<size_t>(i)].first, clave)) {
+        if (hashes_[i] == h && mismaClave(entradas_[i].first, clave)) {
             return i;
         }
     }
-}
-
-qsizetype DiccionarioJson::indexar(size_t i, quint32 hash) {
-    const size_t mascara = huecos_.size() - 1;
-    for (size_t k = hash & mascara;; k = (k + 1) & mascara) {
-        const qint32 j = huecos_[k];
-        if (j < 0) {
-            huecos_[k] = static_cast<qint32>(i);
-            return -1;
-        }
-        if (hashes_[static_cast<size_t>(j)] == hash &&
-            mismaClave(entradas_[static_cast<size_t>(j)].first, entradas_[i].first)) {
-            return j;
-        }
-    }
-}
-
-bool DiccionarioJson::reconstruirIndice() {
-    hashes_.clear();
-    huecos_.clear();
-    if (entradas_.size() <= kUmbralIndice) {
-        return true;
-    }
-    size_t tamanno = 32;
-    while (tamanno < entradas_.size() * 2) {
-        tamanno *= 2;
-    }
-    huecos_.assign(tamanno, -1);
-    hashes_.reserve(entradas_.size());
-    for (size_t i = 0; i < entradas_.size(); ++i) {
-        hashes_.push_back(hashDeClave(entradas_[i].first));
-        if (indexar(i, hashes_.back()) >= 0) {
-            return false;
-        }
-    }
-    return true;
 }
 
 void DiccionarioJson::annadir(const QString& clave, ValorJson valor) {
@@ -256,17 +268,20 @@ void DiccionarioJson::annadir(const QString& clave, ValorJson valor) {
         entradas_.reserve(4);
     }
     entradas_.emplace_back(clave, std::move(valor));
-    if (huecos_.empty() || entradas_.size() * 2 > huecos_.size()) {
-        if (entradas_.size() > kUmbralIndice) {
-            reconstruirIndice();
-        }
+    if (huecos_.empty()) {
+        return;
+    }
+    if (entradas_.size() * 2 > huecos_.size()) {
+        olvidarIndice();
         return;
     }
     hashes_.push_back(hashDeClave(clave));
-    indexar(entradas_.size() - 1, hashes_.back());
+    colocar(entradas_.data(), hashes_.data(), huecos_.data(), huecos_.size() - 1,
+            entradas_.size() - 1);
 }
 
-bool DiccionarioJson::tomarEntradas(std::pair<QString, ValorJson>* entradas, size_t n) {
+bool DiccionarioJson::tomarEntradas(std::pair<QString, ValorJson>* entradas, size_t n,
+                                    std::vector<quint32>& trabajo) {
     if (n <= kUmbralIndice) {
         for (size_t i = 1; i < n; ++i) {
             for (size_t j = 0; j < i; ++j) {
@@ -275,19 +290,22 @@ bool DiccionarioJson::tomarEntradas(std::pair<QString, ValorJson>* entradas, siz
                 }
             }
         }
-        entradas_.assign(std::make_move_iterator(entradas), std::make_move_iterator(entradas + n));
-        return true;
+    } else {
+        // The hashes first, then the table, in the caller's working space.
+        const size_t tamanno = tamannoDeTabla(n);
+        trabajo.resize(n + tamanno);
+        std::fill(trabajo.begin() + static_cast<std::ptrdiff_t>(n), trabajo.end(), kHuecoLibre);
+        for (size_t i = 0; i < n; ++i) {
+            trabajo[i] = hashDeClave(entradas[i].first);
+        }
+        for (size_t i = 0; i < n; ++i) {
+            if (colocar(entradas, trabajo.data(), trabajo.data() + n, tamanno - 1, i) >= 0) {
+                return false;
+            }
+        }
     }
     entradas_.assign(std::make_move_iterator(entradas), std::make_move_iterator(entradas + n));
-    if (reconstruirIndice()) {
-        return true;
-    }
-    // A repeated key stopped the index: give the entries back as they came.
-    std::move(entradas_.begin(), entradas_.end(), entradas);
-    entradas_.clear();
-    hashes_.clear();
-    huecos_.clear();
-    return false;
+    return true;
 }
 
 ValorJson& DiccionarioJson::Item(const QString& clave) {
@@ -312,7 +330,7 @@ void DiccionarioJson::Remove(const QString& clave) {
         error(ErrorEjecucion::ArgumentoNoValido);
     }
     entradas_.erase(entradas_.begin() + static_cast<std::ptrdiff_t>(posicion));
-    reconstruirIndice();
+    olvidarIndice();
 }
 
 QStringList DiccionarioJson::Keys() const {

@@ -103,23 +103,25 @@ public:
     const std::vector<std::pair<QString, ValorJson>>& entradas() const { return entradas_; }
 
     // Moves `n` entries, in order, into an empty dictionary at one go. When two of them
-    // share a key it takes none and answers false.
-    bool tomarEntradas(std::pair<QString, ValorJson>* entradas, size_t n);
+    // share a key it takes none and answers false. `trabajo` is working space the caller
+    // may keep from one call to the next.
+    bool tomarEntradas(std::pair<QString, ValorJson>* entradas, size_t n,
+                       std::vector<quint32>& trabajo);
 
 private:
     qsizetype buscar(QStringView clave) const;
     void annadir(const QString& clave, ValorJson valor);
-    // Puts entry `i` in the table; -1 when done, else the entry that has the same key.
-    qsizetype indexar(size_t i, quint32 hash);
-    // False when two keys are equal (only entries taken at one go can be).
-    bool reconstruirIndice();
+    void indexar() const;
+    void olvidarIndice();
 
-    // Small objects are searched in order; past a few keys each key's hash is kept and an
-    // open-addressed table of positions (a power of two, at most half full) finds them.
+    // Small objects are searched in order. Past a few keys, the first search makes a hash
+    // of each key and an open-addressed table of positions (a power of two, at most half
+    // full), kept up to date as keys are added; a removal drops it. A tree is read by one
+    // thread at a time.
     static constexpr size_t kUmbralIndice = 8;
     std::vector<std::pair<QString, ValorJson>> entradas_;
-    std::vector<quint32> hashes_;
-    std::vector<qint32> huecos_;
+    mutable std::vector<quint32> hashes_;
+    mutable std::vector<quint32> huecos_;
 };
 
 // An array: items numbered from 1.
