@@ -13,6 +13,9 @@ std::optional<ValorJson> LectorJson::leerEstricto() {
     pos_ = 0;
     entradasAbiertas_.clear();
     itemsAbiertos_.clear();
+    // Room for the open containers of a usual reply, so the stacks seldom grow.
+    entradasAbiertas_.reserve(64);
+    itemsAbiertos_.reserve(64);
     blancos();
     ValorJson valor;
     bool leido = false;

@@ -7,6 +7,9 @@
 #include "server/LectorJson.h"
 
 #include <gtest/gtest.h>
+#include <string_view>
+
+using namespace std::literals;
 
 namespace {
 
@@ -62,6 +65,34 @@ const Documento kDocumentos[] = {
     {R"({"a")", false},
 };
 
+// Texts the fuzz target found, with raw control characters and NULs kept.
+struct DocumentoHallado {
+    std::u16string_view texto;
+    bool rapido;
+};
+
+const DocumentoHallado kHallados[] = {
+    {u"{\"š¡ido\":07500,\"y\":true}]}", true},
+    {u"[{\"id\":00000000.00000000079}]", true},
+    {u"[{\"id\":00000000000000000.0000000000000000000000000000000000412099979}]", true},
+    {u"{\"ps?arefactorfuente\":+1.3333333333333333333333333399,\"x\":null,\"y\":true}]}", true},
+    {u"[{\"id\":.2,\"pvp\":0.2,\"e\":0.}]", true},
+    {u"[{\"id\":1-,\"ªªdo\":\"0/206\"}][{\"'", true},
+    {u"[{\"dk\":\"// mteocnied'do\n({a'd!\\u\x04\x01\x1c]0ed'd\\u\0]0ed\\u\0¨/nie'a'd!"
+     u"\\u\x04\x01\x1c]0d'd\\u\0]ed\\u\0\0\0\0n\"}]"sv,
+     true},
+    {u"{\"\":null}\0"sv, true},
+    {u"[{\"id\":1,\"no\":\"Pizza\"},{\"\0\0otado\":\"p1/02/d\"}]"sv, true},
+    {u"[[[[[]]]]]]]{", true},
+    {u"{\"a\".11110000000000000000000000000000000000000000000I", false},
+    {u"[{\"ªr\":24464.44E00000000028[{712[21", false},
+    {u"{\"a\":1,\"a\":ul,[\x1f\"", false},
+    {u"[{\"id\":\",55e555555555[n{\0\"&,"sv, false},
+    {u"{\"[onid\":1,\"mo\":((((((((null,\"y\"}]}", false},
+    {u"[\"'\\u01ªÿ\x13\0d\\u20ÿ/\"idØ"sv, false},
+    {u"[{\"id\":[[[[[[[[[[[[[[[[[]]]]]]]]]]]]]]]]]][[[0[[", false},
+};
+
 struct Lectura {
     QString arbol;
     QString errores;
@@ -111,6 +142,14 @@ void compararCaminos(const QString& texto, bool rapido) {
 TEST(LectorJsonCaminos, ElRapidoLeeComoElTolerante) {
     for (const Documento& d : kDocumentos) {
         compararCaminos(QString::fromUtf8(d.texto), d.rapido);
+    }
+}
+
+TEST(LectorJsonCaminos, TextosHalladosPorElFuzzer) {
+    for (const DocumentoHallado& d : kHallados) {
+        compararCaminos(QString(reinterpret_cast<const QChar*>(d.texto.data()),
+                                static_cast<qsizetype>(d.texto.size())),
+                        d.rapido);
     }
 }
 
