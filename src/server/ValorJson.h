@@ -102,9 +102,9 @@ public:
     // The entries in order.
     const std::vector<std::pair<QString, ValorJson>>& entradas() const { return entradas_; }
 
-    // Moves `n` entries, in order, into an empty dictionary at one go. When two of them
-    // share a key it takes none and answers false. `trabajo` is working space the caller
-    // may keep from one call to the next.
+    // Moves `n` entries, in order, into an empty dictionary at one go; false, taking none,
+    // when two of them share a key. `trabajo` is working space the caller may keep from one
+    // call to the next.
     bool tomarEntradas(std::pair<QString, ValorJson>* entradas, size_t n,
                        std::vector<quint32>& trabajo);
 

@@ -6,7 +6,6 @@
 
 #include <functional>
 #include <gtest/gtest.h>
-#include <vector>
 
 namespace {
 
@@ -66,34 +65,3 @@ TEST_P(DiccionarioPorTamanno, BuscaAnnadeYQuita) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Tamannos, DiccionarioPorTamanno, testing::Values(2, 8, 9, 40));
-
-TEST(DiccionarioJson, TomarEntradasDeUnaVez) {
-    std::vector<quint32> trabajo;
-    for (const int n : {1, 8, 9, 40}) {
-        for (const bool repetida : {false, true}) {
-            std::vector<std::pair<QString, ValorJson>> entradas;
-            for (int i = 0; i < n; ++i) {
-                entradas.emplace_back(clave(i), ValorJson(clasico::Decimal(i)));
-            }
-            if (repetida) {
-                entradas.emplace_back(clave(n / 2), ValorJson(true));
-            }
-            DiccionarioJson d;
-            const bool tomadas = d.tomarEntradas(entradas.data(), entradas.size(), trabajo);
-            EXPECT_EQ(tomadas, !repetida) << n;
-            if (repetida) {
-                // Nothing taken: the dictionary is empty, the entries still whole.
-                EXPECT_EQ(d.Count(), 0) << n;
-                EXPECT_EQ(entradas.front().first, clave(0)) << n;
-                EXPECT_EQ(entradas.back().second.aEntero32(), -1) << n;
-                continue;
-            }
-            ASSERT_EQ(d.Count(), n);
-            for (int i = 0; i < n; ++i) {
-                EXPECT_EQ(d.entradas()[static_cast<size_t>(i)].first, clave(i));
-                EXPECT_EQ(d.Item(clave(i)).aEntero32(), i);
-            }
-            EXPECT_EQ(numeroDeError([&] { d.Add(clave(0), ValorJson()); }), 457);
-        }
-    }
-}
