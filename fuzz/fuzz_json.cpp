@@ -1,8 +1,10 @@
 // Arbitrary bytes, read as the transports deliver a reply (one character per byte), then
 // repaired and parsed. The reader must neither crash nor hang; the nesting limit is an
-// ordinary run-time error.
+// ordinary run-time error. Whenever the quick walk takes a text, the tolerant walk must
+// read it without an error into the same tree.
 #include "base/ErrorEjecucion.h"
 #include "base/Windows1252.h"
+#include "common/ArbolJson.h"
 #include "server/LectorJson.h"
 #include "server/TextoServidor.h"
 
@@ -49,6 +51,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* datos, size_t tamanno) {
     try {
         QString errores;
         const ValorJson v = JSON_Parse(texto, &errores);
+        LectorJson lector(texto);
+        if (const auto rapido = lector.leerEstricto()) {
+            const ValorJson tolerante = lector.leerTolerante();
+            if (!lector.ErroresJson().isEmpty() || volcarArbol(*rapido) != volcarArbol(tolerante) ||
+                volcarArbol(v) != volcarArbol(tolerante)) {
+                __builtin_trap();
+            }
+        }
         recorrer(v, 0);
     } catch (const ErrorEjecucion& e) {
         if (e.numero() != ErrorEjecucion::EspacioDePilaInsuficiente) {

@@ -64,24 +64,43 @@ if [ ! -s "$trabajo/datos/config.txt" ]; then
 fi
 
 # Every ticket a raw printer gets is shown here as text and kept as a picture beside it
-# (each ticket rewrites its printer's file, so the newest one is what shows).
+# (each ticket rewrites its printer's file, so the newest one is what shows; each one is also
+# kept as PRINTER-N.ep with its picture PRINTER-N.png). The driver printer of the demo
+# ("Impresora caja") writes each ticket as a PDF in the same folder; its first page is kept
+# as a picture too.
 vigilar_tickets() {
     declare -A visto
+    declare -A cuenta
     while sleep 1; do
-        for f in "$trabajo"/impresoras/*.bin; do
+        for f in "$trabajo"/impresoras/*.bin "$trabajo"/impresoras/*.pdf; do
             [ -s "$f" ] || continue
             marca=$(stat -c '%Y.%s' "$f")
             [ "${visto[$f]:-}" = "$marca" ] && continue
             visto[$f]=$marca
-            echo "demo: ticket en $(basename "$f" .bin) (imagen: ${f%.bin}.png)"
-            QT_QPA_PLATFORM=offscreen "$bin/visor_tickets" "$f" --png "${f%.bin}.png" --texto || true
+            case "$f" in
+            *.bin)
+                cuenta[$f]=$(( ${cuenta[$f]:-0} + 1 ))
+                copia="${f%.bin}-${cuenta[$f]}"
+                cp "$f" "$copia.ep"
+                echo "demo: ticket en $(basename "$f" .bin) (imagen: $copia.png)"
+                QT_QPA_PLATFORM=offscreen "$bin/visor_tickets" "$copia.ep" --png "$copia.png" --texto || true
+                cp "$copia.png" "${f%.bin}.png" 2>/dev/null || true
+                ;;
+            *.pdf)
+                echo "demo: ticket de la impresora de controlador en $(basename "$f") (imagen: ${f%.pdf}.png)"
+                pdftoppm -png -r 110 -singlefile "$f" "${f%.pdf}" 2>/dev/null || true
+                ;;
+            esac
         done
     done
 }
 vigilar_tickets &
 pids+=("$!")
 
-"$bin/TarvimentaPedidos" --servidor="127.0.0.1:$puerto/api/" --carpeta="$trabajo/datos" "$@" &
+# The demo's slot 1 is a driver printer, "Impresora caja", which no fresh machine has: the desk
+# gets one of that name that prints into PDF files beside the raw tickets.
+"$bin/TarvimentaPedidos" --servidor="127.0.0.1:$puerto/api/" --carpeta="$trabajo/datos" \
+    --impresora-pdf="Impresora caja" --carpeta-pdf="$trabajo/impresoras" "$@" &
 pids+=("$!")
 echo "demo: escritorio en marcha (datos en $trabajo/datos, tickets en $trabajo/impresoras); Ctrl-C para parar"
 wait "${pids[-1]}" || true

@@ -9,6 +9,7 @@ PAQUETES=(
     qt6-qpa-plugins
     gstreamer1.0-plugins-base gstreamer1.0-plugins-good
     libcups2-dev cups-client cups-daemon
+    libzip-dev
     libcpp-httplib-dev nlohmann-json3-dev rapidjson-dev
     googletest libgtest-dev libgmock-dev libbenchmark-dev
     clang libclang-rt-14-dev

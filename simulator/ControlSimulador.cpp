@@ -182,6 +182,19 @@ Respuesta AtenderControl(ServicioSimulado& servicio, const Peticion& peticion) {
                          {"numconfig", c.NumConfig},
                          {"documentoTexto", c.Documento}});
         }
+        if (recurso == "actualizacion" && metodo == "PUT") {
+            std::string error;
+            return servicio.Actualizaciones().Configurar(cuerpo, error) ? Hecho()
+                                                                        : Fallo(400, error);
+        }
+        if (recurso == "categorias" && metodo == "PUT") {
+            json categorias;
+            if (!LeerCategoriasDeControl(cuerpo, categorias)) {
+                return Fallo(400, "se espera categorias: una lista");
+            }
+            servicio.PonerCategorias(std::move(categorias));
+            return Hecho();
+        }
         if (recurso == "pedidos" && metodo == "POST") {
             return GenerarPedidos(servicio, cuerpo);
         }

@@ -364,6 +364,11 @@ bool FrenteTcp::AtenderPeticiones(int fd) {
             Retener(r.Segundos);
             return true;
         }
+        if (r.CortarTras < r.Cuerpo.size()) {
+            Escribir(fd, Cabecera(r, true) + r.Cuerpo.substr(0, r.CortarTras));
+            Retener(r.Segundos); // a stall before the cut, when asked
+            return true;
+        }
         if (!Escribir(fd, Cabecera(r, c.Cerrar) + r.Cuerpo) || c.Cerrar) {
             return false;
         }

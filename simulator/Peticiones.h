@@ -24,6 +24,9 @@ struct Respuesta {
     std::string Cuerpo;
     double Segundos = 0; // Colgar: how long to hold the connection silent
     bool Falla = false;  // the answer comes from a fault
+    // Bytes of the body sent before the connection is reset (a download cut half way),
+    // after holding it silent for `Segundos`.
+    std::size_t CortarTras = std::string::npos;
 };
 
 // Splits a target into path and raw query (what follows the first '?', untouched).

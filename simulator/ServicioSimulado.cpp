@@ -210,6 +210,9 @@ Respuesta ServicioSimulado::RespuestaDeFallo(const Fallo& fallo) const {
 
 Respuesta ServicioSimulado::Normal(const std::string& ruta, const std::string& consulta) {
     Respuesta r;
+    if (actualizaciones_.Atender(ruta, r)) {
+        return r;
+    }
     if (ruta == kRutaPoll) {
         r.Cuerpo = "estadoapertura:" + TextoApertura();
     } else if (ruta == "pedidosgprs/obtenerConfiguracionV2") {
@@ -222,6 +225,10 @@ Respuesta ServicioSimulado::Normal(const std::string& ruta, const std::string& c
         r.Cuerpo = GuardarImpresora(consulta, true);
     } else if (ruta == "pedidosgprs/actualizarConfigGeneral") {
         r.Cuerpo = GuardarGeneral(consulta);
+    } else if (ruta == "categoria/find") {
+        r.Tipo = "application/json; charset=utf-8";
+        r.Cuerpo =
+            RespuestaCategorias(categorias_, configuracion_.Id, Parametro(consulta, "estId"));
     } else if (ruta == "establecimiento/cerrarAbrirEstablecHasta") {
         r.Cuerpo = Cerrar(consulta);
     } else if (ruta == "pedidosgprs/obtenerPedido") {
@@ -488,6 +495,11 @@ void ServicioSimulado::QuitarFallos() {
 void ServicioSimulado::Configurar(const Configuracion& configuracion) {
     std::lock_guard bloqueo(mutex_);
     configuracion_ = configuracion;
+}
+
+void ServicioSimulado::PonerCategorias(nlohmann::ordered_json categorias) {
+    std::lock_guard bloqueo(mutex_);
+    categorias_ = std::move(categorias);
 }
 
 ServicioSimulado::Configuracion ServicioSimulado::ConfiguracionActual() const {

@@ -3,6 +3,8 @@
 // Thread-safe: every connection of the front calls in from its own thread.
 #pragma once
 
+#include "Actualizaciones.h"
+#include "CategoriasSimuladas.h"
 #include "GeneradorPedidos.h"
 #include "Peticiones.h"
 
@@ -66,6 +68,8 @@ public:
     void QuitarFallos();
     void Configurar(const Configuracion& configuracion);
     Configuracion ConfiguracionActual() const;
+    // What categoria/find lists (see CategoriasSimuladas.h).
+    void PonerCategorias(nlohmann::ordered_json categorias);
 
     // Generates, stores and queues for the poll; returns the stored orders.
     std::vector<PedidoGuardado> GenerarPedidos(int cantidad, std::uint64_t semilla,
@@ -74,6 +78,8 @@ public:
     std::vector<PedidoGuardado> Pedidos() const;
 
     static bool TipoDeFalloValido(const std::string& tipo);
+
+    ActualizacionesSimuladas& Actualizaciones() { return actualizaciones_; }
 
 private:
     long long MsDesdeInicio() const;
@@ -107,7 +113,9 @@ private:
     std::chrono::system_clock::time_point cerradoHasta_;
     std::string textoCerradoHasta_;
     std::map<long, PedidoGuardado> pedidos_;
+    nlohmann::ordered_json categorias_ = CategoriasPorDefecto();
     long siguientePedido_ = 1001;
+    ActualizacionesSimuladas actualizaciones_;
 };
 
 } // namespace simulador

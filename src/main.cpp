@@ -7,13 +7,25 @@
 #include "platform/InstanciaUnica.h"
 #include "platform/SenalesTerminacion.h"
 #include "printing/ImpresoraDWQt_ui.h"
+#include "printing/ImpresorasDWPdf_ui.h"
 #include "shell/Form1.h"
 #include "shell/LineaComandos.h"
+#include "update/Actualizador.h"
+#include "update/ComprobarActualizacion.h"
 
 #include <QApplication>
 #include <QFileInfo>
+#include <cstdio>
+#include <cstring>
+#include <optional>
 
 int main(int argc, char** argv) {
+    for (int i = 1; i < argc; ++i) {
+        if (std::strcmp(argv[i], "--version") == 0) {
+            std::printf("TarvimentaPedidos %s\n", qPrintable(ModuloPrincipal::Version));
+            return 0;
+        }
+    }
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("TarvimentaPedidos"));
     QApplication::setQuitOnLastWindowClosed(false);
@@ -40,16 +52,26 @@ int main(int argc, char** argv) {
         m.setCajas(std::make_unique<CajaMensajesQt>());
     }
 
-    m.setImpresorasDW(std::make_unique<ImpresorasDWQt>());
+    if (linea.impresorasPdf.isEmpty()) {
+        m.setImpresorasDW(std::make_unique<ImpresorasDWQt>());
+    } else {
+        m.setImpresorasDW(std::make_unique<ImpresorasDWConPdf>(
+            std::make_unique<ImpresorasDWQt>(), linea.impresorasPdf, linea.carpetaPdf));
+    }
 
-    // A second start of the same installation ends at once, silently.
-    const InstanciaUnica instancia(m.CarpetaDatos);
-    if (instancia.hayOtra()) {
-        return 0;
+    // A second start of the same installation ends at once, silently. The updater copy
+    // runs while the desk that started it is still ending, so it takes no part in this.
+    std::optional<InstanciaUnica> instancia;
+    if (m.NombreEjecutable != actualizacion::NombreActualizador) {
+        instancia.emplace(m.CarpetaDatos);
+        if (instancia->hayOtra()) {
+            return 0;
+        }
     }
 
     Form1 form1(m, linea.palabras);
     form1.setVolcado(linea.volcado);
+    form1.actualizador().OpcionesPasadas = linea.opciones;
     if (!form1.Initialize()) {
         return 0;
     }
@@ -60,8 +82,10 @@ int main(int argc, char** argv) {
             form1.Unload();
         }
     });
-    form1.show();
-    form1.activateWindow();
+    if (!m.ModoActualizador) {
+        form1.show();
+        form1.activateWindow();
+    }
     form1.volcar();
     return QApplication::exec();
 }

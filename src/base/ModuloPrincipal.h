@@ -9,6 +9,7 @@
 #include <QStringList>
 #include <array>
 #include <memory>
+#include <optional>
 
 class Reloj;
 class CajaMensajes;
@@ -49,6 +50,8 @@ public:
     void setImpresorasDW(std::unique_ptr<ImpresorasDW> i);
     void setReloj(std::unique_ptr<Reloj> r);
     void setCajas(std::unique_ptr<CajaMensajes> c);
+    // Puts `c` in place of the message boxes and returns the ones it replaced.
+    std::shared_ptr<CajaMensajes> cambiarCajas(std::shared_ptr<CajaMensajes> c);
     // Replaces the gateway's three channels (direct, first and second control).
     void setCanales(std::unique_ptr<CanalHttp> directo, std::unique_ptr<CanalHttp> inet1,
                     std::unique_ptr<CanalHttp> inet2);
@@ -95,6 +98,8 @@ public:
     bool NoActualizar = false;
     bool ModoActualizador = false;
     bool ActualizacionComprobada = false;
+    // Holders of the order road (see CaminoPedido.h): while above 0 no timer takes an order.
+    int CaminoOcupado = 0;
     qint16 Modo = 0;
     qint16 Metcon = 0;
 
@@ -141,6 +146,14 @@ public:
     // --- the order ---------------------------------------------------------------------
     Pedido PedidoActual;
     QString UltimoIdPedido;
+    // An automatic acceptance that the service did not take: the order, its number and
+    // whether its tickets are already out. It is sent again before the next poll.
+    struct AceptacionSinTomar {
+        Pedido pedido;
+        QString id;
+        bool impreso = false;
+    };
+    std::optional<AceptacionSinTomar> AceptacionPendiente;
 
     // Text shown in the main window's establishment box (orders copy it at parse time).
     QString TextoEstablecimiento = QStringLiteral("No configurado");

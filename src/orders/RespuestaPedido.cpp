@@ -76,43 +76,122 @@ TextosRechazo TextosRechazoSegunEstado(const QString& estado) {
                            "importe del pago realizado :)")};
 }
 
+bool RespuestaNoTomada(const QString& respuesta) {
+    return respuesta == QLatin1String("error") || respuesta.isEmpty() ||
+           respuesta == QLatin1String(R"({"status":500})") ||
+           respuesta.contains(QLatin1String("<title>502"));
+}
+
+QString TextoAceptacionAutoNoTomada(const QString& numero) {
+    return QStringLiteral("No se ha podido enviar la aceptación automática del pedido ") + numero +
+           QStringLiteral(": el servicio no ha respondido. Se volverá a enviar en la próxima "
+                          "consulta de pedidos.");
+}
+
+QString TextoAceptacionAutoTomada(const QString& numero) {
+    return QStringLiteral("Se ha enviado la aceptación automática del pedido ") + numero +
+           QLatin1Char('.');
+}
+
 namespace {
+
 void Imprimir(ModuloPrincipal& m) {
     ImprimirPedidoSegunEstado(m, m.PedidoActual.Estado, m.PedidoActual.FormaEntrega, true, false);
 }
+
+void Aceptado(ModuloPrincipal& m) {
+    m.PedidoActual.Estado = QStringLiteral("Aceptado");
+    Imprimir(m);
+}
+
+QString EnviarAceptado(ModuloPrincipal& m) {
+    return m.ConsultarServidor(RutaRespuesta(
+        m, QStringLiteral("Accepted"), m.PedidoActual.TiempoEstimado + QStringLiteral("_Minutos")));
+}
+
+// Once the service took an answer, the order is done with when its tickets are out, even if
+// something on the way escapes: the flag drops and polling resumes, or the desk would wait for
+// an answer that was already given.
+class AlTerminar {
+public:
+    AlTerminar(ModuloPrincipal& m, std::function<void()> f) : m_(m), f_(std::move(f)) {}
+    ~AlTerminar() {
+        m_.PedidoNuevoPendiente = false;
+        if (f_) {
+            f_();
+        }
+    }
+    AlTerminar(const AlTerminar&) = delete;
+    AlTerminar& operator=(const AlTerminar&) = delete;
+
+private:
+    ModuloPrincipal& m_;
+    std::function<void()> f_;
+};
+
 } // namespace
 
-bool EnviarAceptacion(ModuloPrincipal& m, const std::function<void()>& alResponder) {
+bool EnviarAceptacion(ModuloPrincipal& m, const std::function<void()>& alResponder,
+                      const std::function<void()>& alTerminar) {
     if (m.ImprimirAntesAceptar) {
-        m.PedidoActual.Estado = QStringLiteral("Aceptado");
-        Imprimir(m);
+        Aceptado(m);
     }
-    const QString r = m.ConsultarServidor(RutaRespuesta(
-        m, QStringLiteral("Accepted"), m.PedidoActual.TiempoEstimado + QStringLiteral("_Minutos")));
-    if (r == QLatin1String("error")) {
+    if (RespuestaNoTomada(EnviarAceptado(m))) {
         m.cajas().mostrar(SinConexion, estilo::SoloAceptar);
         return false;
     }
-    m.PedidoNuevoPendiente = false;
+    const AlTerminar fin(m, alTerminar);
     if (alResponder) {
         alResponder();
     }
     if (!m.ImprimirAntesAceptar) {
-        m.PedidoActual.Estado = QStringLiteral("Aceptado");
-        Imprimir(m);
+        Aceptado(m);
+    }
+    return true;
+}
+
+bool EnviarAceptacionAutomatica(ModuloPrincipal& m, const std::function<void()>& alResponder) {
+    bool impreso = false;
+    const bool reintento = m.AceptacionPendiente.has_value();
+    if (reintento) {
+        m.PedidoActual = m.AceptacionPendiente->pedido;
+        m.UltimoIdPedido = m.AceptacionPendiente->id;
+        impreso = m.AceptacionPendiente->impreso;
+    }
+    if (m.ImprimirAntesAceptar && !impreso) {
+        Aceptado(m);
+        impreso = true;
+    }
+    if (RespuestaNoTomada(EnviarAceptado(m))) {
+        m.AceptacionPendiente =
+            ModuloPrincipal::AceptacionSinTomar{m.PedidoActual, m.UltimoIdPedido, impreso};
+        Q_EMIT m.textoInfo(TextoAceptacionAutoNoTomada(m.UltimoIdPedido));
+        return false;
+    }
+    m.AceptacionPendiente.reset();
+    if (reintento) {
+        Q_EMIT m.textoInfo(TextoAceptacionAutoTomada(m.UltimoIdPedido));
+    }
+    const AlTerminar fin(m, nullptr);
+    if (alResponder) {
+        alResponder();
+    }
+    if (!impreso) {
+        Aceptado(m);
     }
     return true;
 }
 
 bool EnviarRechazo(ModuloPrincipal& m, const QString& seleccion, const QString& masInfo,
-                   const std::function<void()>& alResponder) {
+                   const std::function<void()>& alResponder,
+                   const std::function<void()>& alTerminar) {
     const QString r = m.ConsultarServidor(
         RutaRespuesta(m, QStringLiteral("Rejected"), ComponerMotivo(seleccion, masInfo)));
-    if (r == QLatin1String("error")) {
+    if (RespuestaNoTomada(r)) {
         m.cajas().mostrar(SinConexion, estilo::Exclamacion);
         return false;
     }
-    m.PedidoNuevoPendiente = false;
+    const AlTerminar fin(m, alTerminar);
     if (alResponder) {
         alResponder();
     }

@@ -48,15 +48,32 @@ struct TextosRechazo {
 };
 TextosRechazo TextosRechazoSegunEstado(const QString& estado);
 
-// Sends the acceptance of UltimoIdPedido with TiempoEstimado as it stands and prints (before
-// the send with ImprimirAntesAceptar, else after it). On success `alResponder` runs right
-// after the send (the windows close and polling resumes there). "error" gives the box.
-bool EnviarAceptacion(ModuloPrincipal& m, const std::function<void()>& alResponder);
+// Whether the service did not take an answer: the failure word "error", an empty body, a
+// server error ({"status":500}) or a proxy's "<title>502" page. Any other text is taken.
+bool RespuestaNoTomada(const QString& respuesta);
 
-// Sends the rejection with the composed reason; on success `alResponder` runs, the order
-// becomes "Rechazado" with MotivoRechazo the chosen reason alone, and it is printed.
+// Sends the acceptance of UltimoIdPedido with TiempoEstimado as it stands and prints (before
+// the send with ImprimirAntesAceptar, else after it). When the service took it, `alResponder`
+// runs right after the send (the windows close) and, once the tickets are out (whatever a
+// printer did), PedidoNuevoPendiente drops and `alTerminar` runs (polling resumes). An answer
+// not taken gives the connection box and changes nothing.
+bool EnviarAceptacion(ModuloPrincipal& m, const std::function<void()>& alResponder,
+                      const std::function<void()>& alTerminar = nullptr);
+
+// The acceptance of an order taken without a window. When the service does not take it there
+// is no box (nobody may be at the counter): LabelInfo says so and the order waits in
+// AceptacionPendiente, to be sent again before the next poll. A pending one, if any, is the
+// one sent, restored into PedidoActual; its tickets print once, whatever the number of tries.
+bool EnviarAceptacionAutomatica(ModuloPrincipal& m, const std::function<void()>& alResponder);
+QString TextoAceptacionAutoNoTomada(const QString& numero);
+QString TextoAceptacionAutoTomada(const QString& numero);
+
+// Sends the rejection with the composed reason; when taken `alResponder` runs, the order
+// becomes "Rechazado" with MotivoRechazo the chosen reason alone, it is printed, and then
+// PedidoNuevoPendiente drops and `alTerminar` runs.
 bool EnviarRechazo(ModuloPrincipal& m, const QString& seleccion, const QString& masInfo,
-                   const std::function<void()>& alResponder);
+                   const std::function<void()>& alResponder,
+                   const std::function<void()>& alTerminar = nullptr);
 
 // The box after cancelling an accepted order, by EstadoPago (any case).
 QString TextoCancelado(const QString& estadoPago);

@@ -1,5 +1,6 @@
 #include "orders/RespuestasPedido_ui.h"
 
+#include "base/CaminoPedido.h"
 #include "base/ModuloPrincipal.h"
 #include "orders/FormAceptarPedido.h"
 #include "orders/FormPedidoNuevo.h"
@@ -164,10 +165,25 @@ void RespuestasPedido::PulsarAtrasAceptar(QWidget* ventana) {
 }
 
 bool RespuestasPedido::AceptarPedido() {
-    const bool hecho = rp::EnviarAceptacion(m_, [this] {
-        if (escritorio_.reanudarSondeo) {
-            escritorio_.reanudarSondeo();
-        }
+    const OcupacionCamino ocupado(m_);
+    const bool hecho = rp::EnviarAceptacion(
+        m_,
+        [this] {
+            if (aceptar_ != nullptr) {
+                aceptar_->hide();
+            }
+            nuevo_.hide();
+        },
+        escritorio_.reanudarSondeo);
+    if (hecho && m_.MinimizarTrasResp && escritorio_.minimizar) {
+        escritorio_.minimizar();
+    }
+    return hecho;
+}
+
+bool RespuestasPedido::AceptarAutomaticamente() {
+    const OcupacionCamino ocupado(m_);
+    const bool hecho = rp::EnviarAceptacionAutomatica(m_, [this] {
         if (aceptar_ != nullptr) {
             aceptar_->hide();
         }
@@ -239,15 +255,15 @@ void RespuestasPedido::PulsarCerrarLista() {
 }
 
 bool RespuestasPedido::RechazarPedido() {
+    const OcupacionCamino ocupado(m_);
     FormRechazarPedido& v = formRechazarPedido();
-    const bool hecho = rp::EnviarRechazo(m_, v.comMotivoRechazo()->currentText(),
-                                         v.txtMasInfoRechazo()->text(), [this, &v] {
-                                             if (escritorio_.reanudarSondeo) {
-                                                 escritorio_.reanudarSondeo();
-                                             }
-                                             v.hide();
-                                             nuevo_.hide();
-                                         });
+    const bool hecho = rp::EnviarRechazo(
+        m_, v.comMotivoRechazo()->currentText(), v.txtMasInfoRechazo()->text(),
+        [this, &v] {
+            v.hide();
+            nuevo_.hide();
+        },
+        escritorio_.reanudarSondeo);
     if (hecho && m_.MinimizarTrasResp && escritorio_.minimizar) {
         escritorio_.minimizar();
     }
@@ -255,6 +271,8 @@ bool RespuestasPedido::RechazarPedido() {
 }
 
 bool RespuestasPedido::CancelarPedido() {
+    // The cancellation notice and the closing box belong to the same answer.
+    const OcupacionCamino ocupado(m_);
     const bool eraNuevo = m_.PedidoNuevoPendiente;
     if (!RechazarPedido()) {
         return false;

@@ -37,6 +37,9 @@ public:
     void RellenarMotivosRechazo();
 
     bool AceptarPedido();
+    // The acceptance of an order that never went on screen (or of the one whose automatic
+    // acceptance the service did not take): no box when it fails.
+    bool AceptarAutomaticamente();
     bool RechazarPedido();
     bool CancelarPedido();
 

@@ -107,10 +107,30 @@ void rellenarProductos(ModuloPrincipal& m, QWidget* ventana) {
     }
 }
 
+// Every control that shows a value of an order, emptied before the next order is painted: a
+// painting that fails part way must not leave the previous customer beside the new number.
+void vaciar(QWidget* ventana) {
+    for (const char* n :
+         {"LabNPedido",   "LabComisionPaypal", "LabImporteEnvio", "LabDescuento",
+          "LabPromocion", "LabTotal",          "labTotalBruto",   "LabCliente",
+          "LabTelefono",  "LabFormaEnvio",     "TxtDireccion",    "LabRealizadoEl",
+          "labPara",      "LabPedAnteriores",  "LabEstadoPago",   "LabMetodoPago",
+          "LabCambio",    "TxtComentarios",    "LabEstado",       "LabTiempoEstMotivo",
+          "LabOrigen"}) {
+        if (ventana->findChild<QWidget*>(QLatin1String(n)) != nullptr) {
+            texto(ventana, n, QString());
+        }
+    }
+    if (auto* lista = ventana->findChild<QTreeWidget*>(QStringLiteral("ListViewProductos"))) {
+        lista->clear();
+    }
+}
+
 } // namespace
 
 void RellenarVentanaPedido(ModuloPrincipal& m, QWidget* ventana) {
     const Pedido& p = m.PedidoActual;
+    vaciar(ventana);
     texto(ventana, "LabNPedido", p.NumPedido);
     rellenarProductos(m, ventana);
 

@@ -37,3 +37,35 @@ CajaMensajes& ModuloPrincipal::cajas() const {
 void ModuloPrincipal::setCajas(std::unique_ptr<CajaMensajes> c) {
     cajas_ = std::move(c);
 }
+
+std::shared_ptr<CajaMensajes> ModuloPrincipal::cambiarCajas(std::shared_ptr<CajaMensajes> c) {
+    cajas();
+    std::swap(cajas_, c);
+    return c;
+}
+
+class AplazarCajas::Recogida : public CajaMensajes {
+public:
+    int mostrar(const QString& texto, int estilo, const QString& titulo) override {
+        if ((estilo & 0x7) != estilo::SoloAceptar) {
+            return destino_->mostrar(texto, estilo, titulo);
+        }
+        guardadas_.append({texto, estilo, titulo});
+        return respuesta::Aceptar;
+    }
+    QList<RegistroCajas::Caja> guardadas_;
+    std::shared_ptr<CajaMensajes> destino_;
+};
+
+AplazarCajas::AplazarCajas(ModuloPrincipal& m) : m_(m) {
+    recogida_ = std::make_shared<Recogida>();
+    anteriores_ = m_.cambiarCajas(recogida_);
+    recogida_->destino_ = anteriores_;
+}
+
+AplazarCajas::~AplazarCajas() {
+    m_.cambiarCajas(anteriores_);
+    for (const RegistroCajas::Caja& c : recogida_->guardadas_) {
+        anteriores_->mostrar(c.texto, c.estilo, c.titulo);
+    }
+}

@@ -2,6 +2,9 @@
 
 #include <QList>
 #include <QString>
+#include <memory>
+
+class ModuloPrincipal;
 
 // Message boxes, in the classic style: a prompt, a style made of buttons plus icon, a title;
 // the answer is the button pressed. Everything the desk asks or reports goes through here,
@@ -71,4 +74,21 @@ private:
     QList<Caja> cajas_;
     QList<int> respuestas_;
     int porDefecto_ = respuesta::Si;
+};
+
+// Holds back the boxes of one stretch of work and shows them, in order, when it ends: the
+// printers of an order each get their turn before any printer's box stops the desk.
+// Questions are not held back: they need their answer at once.
+class AplazarCajas {
+public:
+    explicit AplazarCajas(ModuloPrincipal& m);
+    ~AplazarCajas();
+    AplazarCajas(const AplazarCajas&) = delete;
+    AplazarCajas& operator=(const AplazarCajas&) = delete;
+
+private:
+    class Recogida;
+    ModuloPrincipal& m_;
+    std::shared_ptr<Recogida> recogida_;
+    std::shared_ptr<CajaMensajes> anteriores_;
 };

@@ -4,7 +4,8 @@
 #include <QDir>
 #include <QFileInfo>
 
-InstanciaUnica::InstanciaUnica(const QString& carpeta) {
+namespace {
+QString RutaCerrojo(const QString& carpeta) {
     QString ruta = QDir(carpeta).filePath(QStringLiteral(".TarvimentaPedidos.lock"));
     if (!QFileInfo(carpeta).isWritable()) {
         // A read-only installation still gets one lock of its own, named after its folder.
@@ -15,7 +16,22 @@ InstanciaUnica::InstanciaUnica(const QString& carpeta) {
         ruta = QDir::temp().filePath(QStringLiteral("TarvimentaPedidos-") +
                                      QString::fromLatin1(clave) + QStringLiteral(".lock"));
     }
-    cerrojo_ = std::make_unique<QLockFile>(ruta);
+    return ruta;
+}
+} // namespace
+
+bool InstanciaUnica::esperarLibre(const QString& carpeta, int msMax) {
+    QLockFile cerrojo(RutaCerrojo(carpeta));
+    cerrojo.setStaleLockTime(0);
+    if (!cerrojo.tryLock(msMax)) {
+        return false;
+    }
+    cerrojo.unlock();
+    return true;
+}
+
+InstanciaUnica::InstanciaUnica(const QString& carpeta) {
+    cerrojo_ = std::make_unique<QLockFile>(RutaCerrojo(carpeta));
     // Never stale by age: only a dead owner frees the lock (tryLock checks the owner's
     // process and takes over a lock whose desk is gone).
     cerrojo_->setStaleLockTime(0);

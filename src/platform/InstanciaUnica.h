@@ -11,6 +11,8 @@ public:
     explicit InstanciaUnica(const QString& carpeta);
     // True when another live desk already holds this installation.
     bool hayOtra() const { return !propia_; }
+    // Waits, at most `msMax`, until no live desk holds the installation. True when free.
+    static bool esperarLibre(const QString& carpeta, int msMax);
 
 private:
     std::unique_ptr<QLockFile> cerrojo_;

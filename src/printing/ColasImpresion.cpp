@@ -2,9 +2,11 @@
 
 #include "base/ModuloPrincipal.h"
 #include "platform/CajaMensajes.h"
+#include "platform/EjecucionProtegida.h"
 #include "printing/RutasImpresion.h"
 
 #include <QTimer>
+#include <utility>
 
 QString TextoPreguntaLimpiarColas() {
     return QStringLiteral("¿Esta seguro que desea limpiar las colas de impresión?");
@@ -20,11 +22,17 @@ bool ReiniciarImpresoras(ModuloPrincipal& m, const std::function<int()>& vaciarC
     if (m.PedidoActual.NumPedido.isEmpty()) {
         return true;
     }
-    QTimer::singleShot(esperaMs, &m, [&m] {
-        if (!m.PedidoActual.NumPedido.isEmpty()) {
-            ImprimirPedidoSegunEstado(m, m.PedidoActual.Estado, m.PedidoActual.FormaEntrega, false,
-                                      false);
-        }
+    // The order of this moment is the one reprinted, and no order is taken while the queues
+    // come back: the road stays busy until the reprint is out (the count comes down by hand,
+    // since the wait outlives this call).
+    ++m.CaminoOcupado;
+    QTimer::singleShot(esperaMs, &m, [&m, pedido = m.PedidoActual] {
+        Pedido actual = std::exchange(m.PedidoActual, pedido);
+        EjecutarProtegido(m.cajas(), [&] {
+            ImprimirPedidoSegunEstado(m, pedido.Estado, pedido.FormaEntrega, false, false);
+        });
+        m.PedidoActual = std::move(actual);
+        --m.CaminoOcupado;
     });
     return true;
 }

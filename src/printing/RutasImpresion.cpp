@@ -5,6 +5,7 @@
 #include "base/ModuloPrincipal.h"
 #include "base/Pedido.h"
 #include "platform/CajaMensajes.h"
+#include "platform/EjecucionProtegida.h"
 #include "printing/ImpresoraDW.h"
 #include "printing/TicketClienteDW.h"
 #include "printing/TicketClienteEP.h"
@@ -52,7 +53,8 @@ void ImprimirPedido(ModuloPrincipal& m, const ClassConfigImpresora& imp, int cop
             if (impresora != nullptr) {
                 impresora->KillDoc();
             }
-            m.cajas().critico(e.textoInforme());
+            m.cajas().critico(
+                TextoFalloImpresoraDW(e, imp.NombreImpresora, m.PedidoActual.NumPedido));
         }
     } else if (imp.TipoImpresion == u"EP") {
         for (int i = 0; i < copias; ++i) {
@@ -65,8 +67,23 @@ void ImprimirPedido(ModuloPrincipal& m, const ClassConfigImpresora& imp, int cop
     }
 }
 
+QString TextoFalloImpresoraDW(const ErrorEjecucion& e, const QString& nombreImpresora,
+                              const QString& numPedido) {
+    QString texto = e.textoInforme() + QStringLiteral("\n\nLa impresora \"") + nombreImpresora +
+                    QStringLiteral("\" no ha podido imprimir");
+    if (!numPedido.isEmpty()) {
+        texto += QStringLiteral(" el pedido ") + numPedido;
+    }
+    return texto + QStringLiteral(". Compruebe que está encendida, conectada y con papel, o "
+                                  "elija otra en Configuración de Impresoras. Las demás "
+                                  "impresoras han impreso sus copias.");
+}
+
 void ImprimirPedidoSegunEstado(ModuloPrincipal& m, const QString& est, const QString& formaEntrega,
                                bool automatico, bool soloCocina) {
+    // Every printer gets its turn before any printer's box is shown: a box waits for a person,
+    // and the kitchen must not wait for the counter's printer to be mended.
+    const AplazarCajas aplazadas(m);
     for (int n = 1; n <= 10; ++n) {
         const ClassConfigImpresora& imp = m.Impresora(n);
         const Pedido& p = m.PedidoActual;
@@ -79,7 +96,8 @@ void ImprimirPedidoSegunEstado(ModuloPrincipal& m, const QString& est, const QSt
         }
         const int copias = CopiasSegunEstado(imp, est, formaEntrega);
         if (copias > 0) {
-            ImprimirPedido(m, imp, copias);
+            // A failure that no ticket caught costs this printer's copies, not the others'.
+            EjecutarProtegido(m.cajas(), [&] { ImprimirPedido(m, imp, copias); });
         }
     }
 }

@@ -4,6 +4,7 @@
 
 class ModuloPrincipal;
 struct ClassConfigImpresora;
+class ErrorEjecucion;
 
 // Copies of an order in state `estado` on one printer: accepted orders take the pick-up copies
 // when the order is collected and they are 0 or more, else the accepted copies; rejected
@@ -19,9 +20,15 @@ bool Diferido(const QString& paraDia, bool automatico, bool imprimirEnCocina);
 // driver ticket ends in the run-time report box and stops this printer's copies only.
 void ImprimirPedido(ModuloPrincipal& m, const ClassConfigImpresora& impresora, int copias);
 
+// The box of a driver printer that failed: the run-time report, then which printer, which
+// order and what to do about it.
+QString TextoFalloImpresoraDW(const ErrorEjecucion& e, const QString& nombreImpresora,
+                              const QString& numPedido);
+
 // PedidoActual on all ten slots, each with the copies its state calls for. `automatico` is
 // true when the order is being answered now (scheduled orders then skip the kitchens);
-// `soloCocina` leaves out every printer that isn't a kitchen one.
+// `soloCocina` leaves out every printer that isn't a kitchen one. A printer that fails costs
+// its own copies only; the boxes of the failures come after the last printer.
 void ImprimirPedidoSegunEstado(ModuloPrincipal& m, const QString& estado,
                                const QString& formaEntrega, bool automatico, bool soloCocina);
 

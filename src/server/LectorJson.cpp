@@ -1,7 +1,12 @@
 #include "server/LectorJson.h"
 
 #include "base/ErrorEjecucion.h"
-#include "server/cStringBuilder.h"
+
+#include <cstring>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 namespace {
 
@@ -44,6 +49,28 @@ char16_t valorHexadecimal(QStringView cuatro) {
     return static_cast<char16_t>(v & 0xFFFF);
 }
 
+// The first closing quote or backslash from `p`, or `fin`; eight units at a time where
+// the machine can.
+const char16_t* hastaComillaOBarra(const char16_t* p, const char16_t* fin, char16_t comilla) {
+#if defined(__SSE2__)
+    const __m128i comillas = _mm_set1_epi16(static_cast<short>(comilla));
+    const __m128i barras = _mm_set1_epi16(static_cast<short>(u'\\'));
+    while (fin - p >= 8) {
+        const __m128i x = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+        const int bits = _mm_movemask_epi8(
+            _mm_or_si128(_mm_cmpeq_epi16(x, comillas), _mm_cmpeq_epi16(x, barras)));
+        if (bits != 0) {
+            return p + __builtin_ctz(static_cast<unsigned>(bits)) / 2;
+        }
+        p += 8;
+    }
+#endif
+    while (p < fin && *p != comilla && *p != u'\\') {
+        ++p;
+    }
+    return p;
+}
+
 } // namespace
 
 ValorJson JSON_Parse(QStringView texto, QString* ErroresJson) {
@@ -56,6 +83,13 @@ ValorJson JSON_Parse(QStringView texto, QString* ErroresJson) {
 }
 
 ValorJson LectorJson::leer() {
+    if (auto r = leerEstricto()) {
+        return std::move(*r);
+    }
+    return leerTolerante();
+}
+
+ValorJson LectorJson::leerTolerante() {
     errores_.clear();
     pos_ = 0;
     saltar();
@@ -266,11 +300,14 @@ QString LectorJson::claveCompartida(QStringView vista) {
     if (vista.isEmpty()) {
         return QString();
     }
-    const size_t h = (static_cast<size_t>(vista.size()) * 31 + vista.front().unicode() * 7 +
-                      vista.back().unicode() * 3) %
-                     claves_.size();
-    QString& guardada = claves_[h];
-    if (guardada != vista) {
+    const size_t n = static_cast<size_t>(vista.size());
+    const char16_t* d = vista.utf16();
+    const size_t h =
+        (n * 0x9E3779B1u ^ d[0] * 0x85EBCA77u ^ d[n / 2] * 0xC2B2AE3Du ^ d[n - 1] * 0x27D4EB2Fu) >>
+        7;
+    QString& guardada = claves_[h % claves_.size()];
+    if (static_cast<size_t>(guardada.size()) != n ||
+        std::memcmp(guardada.constData(), d, n * sizeof(char16_t)) != 0) {
         guardada = vista.toString();
     }
     return guardada;
@@ -326,78 +363,80 @@ QString LectorJson::leerClave() {
 
 QString LectorJson::leerTexto() {
     saltar();
-    const QChar comilla = actual();
-    ++pos_;
-    cStringBuilder sb;
-    const QChar* d = s_.data();
-    const qsizetype n = s_.size();
-    while (pos_ < n) {
-        // A run of ordinary characters goes in at once.
-        qsizetype fin = pos_;
-        while (fin < n && d[fin] != u'\\' && d[fin] != comilla) {
-            ++fin;
+    return leerCadena();
+}
+
+QString LectorJson::leerCadena() {
+    const char16_t* d = s_.utf16();
+    const char16_t* const fin = d + s_.size();
+    const char16_t comilla = d[pos_];
+    const char16_t* p = d + pos_ + 1;
+    const char16_t* q = hastaComillaOBarra(p, fin, comilla);
+    if (q < fin && *q == comilla) {
+        // A string without escapes: one copy, no buffer.
+        pos_ = q + 1 - d;
+        return q == p ? QString() : QString(reinterpret_cast<const QChar*>(p), q - p);
+    }
+    escapado_.clear();
+    for (;;) {
+        escapado_.append(p, q);
+        if (q == fin) {
+            p = fin;
+            break;
         }
-        if (fin > pos_) {
-            if (sb.Length() == 0 && fin < n && d[fin] == comilla) {
-                // A string without escapes: one copy, no buffer.
-                const QString r = s_.sliced(pos_, fin - pos_).toString();
-                pos_ = fin + 1;
-                return r;
-            }
-            sb.Append(s_.sliced(pos_, fin - pos_));
-            pos_ = fin;
-            continue;
-        }
-        if (d[pos_] == comilla) {
-            ++pos_;
-            return sb.toString();
+        if (*q == comilla) {
+            p = q + 1;
+            break;
         }
         // A backslash.
-        ++pos_;
-        const char16_t e = pos_ < n ? d[pos_].unicode() : 0;
+        p = q + 1;
+        const char16_t e = p < fin ? *p : 0;
         switch (e) {
         case u'"':
         case u'\\':
         case u'/':
         case u'\'':
-            sb.Append(QStringView(&d[pos_], 1));
-            ++pos_;
+            escapado_.push_back(e);
+            ++p;
             break;
         case u'b':
-            sb.Append(u"\b");
-            ++pos_;
+            escapado_.push_back(u'\b');
+            ++p;
             break;
         case u'f':
-            sb.Append(u"\f");
-            ++pos_;
+            escapado_.push_back(u'\f');
+            ++p;
             break;
         case u'n':
-            sb.Append(u"\n");
-            ++pos_;
+            escapado_.push_back(u'\n');
+            ++p;
             break;
         case u'r':
-            sb.Append(u"\r");
-            ++pos_;
+            escapado_.push_back(u'\r');
+            ++p;
             break;
         case u't':
-            sb.Append(u"\t");
-            ++pos_;
+            escapado_.push_back(u'\t');
+            ++p;
             break;
         case u'u': {
-            ++pos_;
-            const qsizetype cuantos = qMin<qsizetype>(4, n - pos_);
-            const QChar unidad(valorHexadecimal(s_.sliced(pos_, cuantos)));
-            sb.Append(QStringView(&unidad, 1));
-            pos_ += 4;
+            ++p;
+            // Four characters are passed over, or as many as the text still has.
+            const qsizetype cuantos = qMin<qsizetype>(4, fin - p);
+            escapado_.push_back(valorHexadecimal(QStringView(p, cuantos)));
+            p += cuantos;
             break;
         }
         default:
             // The backslash is dropped; the character comes through as an ordinary one.
             break;
         }
+        q = hastaComillaOBarra(p, fin, comilla);
     }
-    pos_ = qMin(pos_, n);
-    return sb.toString();
+    pos_ = p - d;
+    return escapado_.empty() ? QString()
+                             : QString(reinterpret_cast<const QChar*>(escapado_.data()),
+                                       static_cast<qsizetype>(escapado_.size()));
 }
 
 ValorJson LectorJson::leerNumero() {
@@ -409,19 +448,37 @@ ValorJson LectorJson::leerNumero() {
     if (fin()) {
         return ValorJson();
     }
-    // "." becomes the decimal comma; short numbers are converted from a buffer on the stack.
-    const qsizetype largo = pos_ - inicio;
-    char16_t local[64];
-    char16_t* cifras = local;
-    if (largo > 64) {
-        cifras_.resize(largo);
-        cifras = reinterpret_cast<char16_t*>(cifras_.data());
+    return convertirNumero(s_.sliced(inicio, pos_ - inicio));
+}
+
+ValorJson LectorJson::convertirNumero(QStringView cifras) {
+    // Whole numbers of up to 18 digits, the usual case, need no text.
+    const char16_t* c = cifras.utf16();
+    const qsizetype n = cifras.size();
+    const bool negativo = n > 0 && c[0] == u'-';
+    const qsizetype desde = negativo ? 1 : 0;
+    if (n - desde >= 1 && n - desde <= 18) {
+        qint64 v = 0;
+        qsizetype k = desde;
+        for (; k < n; ++k) {
+            const unsigned cifra = static_cast<unsigned>(c[k]) - u'0';
+            if (cifra > 9) {
+                break;
+            }
+            v = v * 10 + cifra;
+        }
+        if (k == n) {
+            return ValorJson(clasico::Decimal(negativo ? -v : v));
+        }
     }
-    for (qsizetype k = 0; k < largo; ++k) {
-        const char16_t u = s_[inicio + k].unicode();
-        cifras[k] = u == u'.' ? u',' : u;
+    // "." becomes the decimal comma.
+    cifras_.assign(c, c + n);
+    for (char16_t& u : cifras_) {
+        if (u == u'.') {
+            u = u',';
+        }
     }
-    return ValorJson(clasico::CDec(QStringView(cifras, largo)));
+    return ValorJson(clasico::CDec(QStringView(cifras_.data(), n)));
 }
 
 ValorJson LectorJson::leerBooleano() {

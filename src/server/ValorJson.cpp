@@ -2,6 +2,10 @@
 
 #include "base/ErrorEjecucion.h"
 
+#include <algorithm>
+#include <cstring>
+#include <iterator>
+
 namespace {
 
 constexpr int kUsoNoValidoDeNull = 94;
@@ -157,16 +161,106 @@ bool ValorJson::operator==(const ValorJson& otro) const {
     return v_ == otro.v_;
 }
 
-qsizetype DiccionarioJson::buscar(const QString& clave) const {
-    if (entradas_.size() > kUmbralIndice) {
-        return indice_.value(clave, -1);
+namespace {
+
+bool mismaClave(const QString& a, QStringView b) {
+    return a.size() == b.size() &&
+           (a.constData() == reinterpret_cast<const QChar*>(b.data()) ||
+            std::memcmp(a.constData(), b.data(), static_cast<size_t>(b.size()) * 2) == 0);
+}
+
+// A quick hash of the UTF-16 units, four at a time.
+quint32 hashDeClave(QStringView clave) {
+    const char16_t* d = clave.utf16();
+    qsizetype n = clave.size();
+    quint64 h = 0x9E3779B97F4A7C15ULL ^ static_cast<quint64>(n);
+    auto mezclar = [&h](quint64 w) {
+        h = (h ^ w) * 0xBF58476D1CE4E5B9ULL;
+        h ^= h >> 31;
+    };
+    for (; n >= 4; n -= 4, d += 4) {
+        quint64 w;
+        std::memcpy(&w, d, sizeof w);
+        mezclar(w);
     }
-    for (size_t i = 0; i < entradas_.size(); ++i) {
-        if (entradas_[i].first == clave) {
-            return static_cast<qsizetype>(i);
+    if (n > 0) {
+        quint64 w = 0;
+        std::memcpy(&w, d, static_cast<size_t>(n) * 2);
+        mezclar(w);
+    }
+    return static_cast<quint32>(h ^ (h >> 32));
+}
+
+} // namespace
+
+namespace {
+
+constexpr quint32 kHuecoLibre = 0xFFFFFFFFu;
+
+size_t tamannoDeTabla(size_t entradas) {
+    size_t t = 32;
+    while (t < entradas * 2) {
+        t *= 2;
+    }
+    return t;
+}
+
+// Puts entry `i` in the table; the entry that has the same key, or -1 when it went in.
+qsizetype colocar(const std::pair<QString, ValorJson>* entradas, const quint32* hashes,
+                  quint32* huecos, size_t mascara, size_t i) {
+    for (size_t k = hashes[i] & mascara;; k = (k + 1) & mascara) {
+        const quint32 j = huecos[k];
+        if (j == kHuecoLibre) {
+            huecos[k] = static_cast<quint32>(i);
+            return -1;
+        }
+        if (hashes[j] == hashes[i] && mismaClave(entradas[j].first, entradas[i].first)) {
+            return j;
         }
     }
-    return -1;
+}
+
+} // namespace
+
+void DiccionarioJson::indexar() const {
+    hashes_.resize(entradas_.size());
+    for (size_t i = 0; i < entradas_.size(); ++i) {
+        hashes_[i] = hashDeClave(entradas_[i].first);
+    }
+    huecos_.assign(tamannoDeTabla(entradas_.size()), kHuecoLibre);
+    for (size_t i = 0; i < entradas_.size(); ++i) {
+        colocar(entradas_.data(), hashes_.data(), huecos_.data(), huecos_.size() - 1, i);
+    }
+}
+
+void DiccionarioJson::olvidarIndice() {
+    hashes_.clear();
+    huecos_.clear();
+}
+
+qsizetype DiccionarioJson::buscar(QStringView clave) const {
+    if (entradas_.size() <= kUmbralIndice) {
+        for (size_t i = 0; i < entradas_.size(); ++i) {
+            if (mismaClave(entradas_[i].first, clave)) {
+                return static_cast<qsizetype>(i);
+            }
+        }
+        return -1;
+    }
+    if (huecos_.empty()) {
+        indexar();
+    }
+    const quint32 h = hashDeClave(clave);
+    const size_t mascara = huecos_.size() - 1;
+    for (size_t k = h & mascara;; k = (k + 1) & mascara) {
+        const quint32 i = huecos_[k];
+        if (i == kHuecoLibre) {
+            return -1;
+        }
+        if (hashes_[i] == h && mismaClave(entradas_[i].first, clave)) {
+            return i;
+        }
+    }
 }
 
 void DiccionarioJson::annadir(const QString& clave, ValorJson valor) {
@@ -174,13 +268,44 @@ void DiccionarioJson::annadir(const QString& clave, ValorJson valor) {
         entradas_.reserve(4);
     }
     entradas_.emplace_back(clave, std::move(valor));
-    if (entradas_.size() == kUmbralIndice + 1) {
-        for (size_t i = 0; i < entradas_.size(); ++i) {
-            indice_.insert(entradas_[i].first, static_cast<qsizetype>(i));
-        }
-    } else if (entradas_.size() > kUmbralIndice + 1) {
-        indice_.insert(clave, static_cast<qsizetype>(entradas_.size() - 1));
+    if (huecos_.empty()) {
+        return;
     }
+    if (entradas_.size() * 2 > huecos_.size()) {
+        olvidarIndice();
+        return;
+    }
+    hashes_.push_back(hashDeClave(clave));
+    colocar(entradas_.data(), hashes_.data(), huecos_.data(), huecos_.size() - 1,
+            entradas_.size() - 1);
+}
+
+bool DiccionarioJson::tomarEntradas(std::pair<QString, ValorJson>* entradas, size_t n,
+                                    std::vector<quint32>& trabajo) {
+    if (n <= kUmbralIndice) {
+        for (size_t i = 1; i < n; ++i) {
+            for (size_t j = 0; j < i; ++j) {
+                if (mismaClave(entradas[j].first, entradas[i].first)) {
+                    return false;
+                }
+            }
+        }
+    } else {
+        // The hashes first, then the table, in the caller's working space.
+        const size_t tamanno = tamannoDeTabla(n);
+        trabajo.resize(n + tamanno);
+        std::fill(trabajo.begin() + static_cast<std::ptrdiff_t>(n), trabajo.end(), kHuecoLibre);
+        for (size_t i = 0; i < n; ++i) {
+            trabajo[i] = hashDeClave(entradas[i].first);
+        }
+        for (size_t i = 0; i < n; ++i) {
+            if (colocar(entradas, trabajo.data(), trabajo.data() + n, tamanno - 1, i) >= 0) {
+                return false;
+            }
+        }
+    }
+    entradas_.assign(std::make_move_iterator(entradas), std::make_move_iterator(entradas + n));
+    return true;
 }
 
 ValorJson& DiccionarioJson::Item(const QString& clave) {
@@ -205,12 +330,7 @@ void DiccionarioJson::Remove(const QString& clave) {
         error(ErrorEjecucion::ArgumentoNoValido);
     }
     entradas_.erase(entradas_.begin() + static_cast<std::ptrdiff_t>(posicion));
-    indice_.clear();
-    if (entradas_.size() > kUmbralIndice) {
-        for (size_t i = 0; i < entradas_.size(); ++i) {
-            indice_.insert(entradas_[i].first, static_cast<qsizetype>(i));
-        }
-    }
+    olvidarIndice();
 }
 
 QStringList DiccionarioJson::Keys() const {
@@ -236,4 +356,8 @@ ValorJson& ColeccionJson::Item(int indice) {
         error(ErrorEjecucion::SubindiceFueraDeIntervalo);
     }
     return items_[static_cast<size_t>(indice - 1)];
+}
+
+void ColeccionJson::tomarItems(ValorJson* items, size_t n) {
+    items_.assign(std::make_move_iterator(items), std::make_move_iterator(items + n));
 }

@@ -2,10 +2,10 @@
 
 #include "base/Conversiones.h"
 
-#include <QHash>
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <QStringView>
 #include <memory>
 #include <utility>
 #include <variant>
@@ -102,14 +102,26 @@ public:
     // The entries in order.
     const std::vector<std::pair<QString, ValorJson>>& entradas() const { return entradas_; }
 
-private:
-    qsizetype buscar(const QString& clave) const;
-    void annadir(const QString& clave, ValorJson valor);
+    // Moves `n` entries, in order, into an empty dictionary at one go; false, taking none,
+    // when two of them share a key. `trabajo` is working space the caller may keep from one
+    // call to the next.
+    bool tomarEntradas(std::pair<QString, ValorJson>* entradas, size_t n,
+                       std::vector<quint32>& trabajo);
 
-    // Small objects are searched in order; past a few keys an index is kept.
+private:
+    qsizetype buscar(QStringView clave) const;
+    void annadir(const QString& clave, ValorJson valor);
+    void indexar() const;
+    void olvidarIndice();
+
+    // Small objects are searched in order. Past a few keys, the first search makes a hash
+    // of each key and an open-addressed table of positions (a power of two, at most half
+    // full), kept up to date as keys are added; a removal drops it. A tree is read by one
+    // thread at a time.
     static constexpr size_t kUmbralIndice = 8;
     std::vector<std::pair<QString, ValorJson>> entradas_;
-    QHash<QString, qsizetype> indice_;
+    mutable std::vector<quint32> hashes_;
+    mutable std::vector<quint32> huecos_;
 };
 
 // An array: items numbered from 1.
@@ -117,6 +129,8 @@ class ColeccionJson {
 public:
     int Count() const { return static_cast<int>(items_.size()); }
     void Add(ValorJson valor) { items_.push_back(std::move(valor)); }
+    // Moves `n` items, in order, into an empty collection at one go.
+    void tomarItems(ValorJson* items, size_t n);
     // Item number `indice`, 1 to Count; error 9 otherwise.
     ValorJson& Item(int indice);
     const std::vector<ValorJson>& items() const { return items_; }

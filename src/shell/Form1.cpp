@@ -1,6 +1,7 @@
 #include "shell/Form1.h"
 
 #include "base/ArchivosLocales.h"
+#include "base/CaminoPedido.h"
 #include "base/ModuloPrincipal.h"
 #include "orders/AceptacionAutomatica.h"
 #include "orders/FormPedidoNuevo.h"
@@ -18,9 +19,15 @@
 #include "printing/ColasImpresion.h"
 #include "server/Configuracion.h"
 #include "settings/FormAdmin.h"
+#include "settings/FormConfig.h"
+#include "settings/FormImpresoras.h"
 #include "shell/Logotipo_ui.h"
 #include "sound/AlertaSonora.h"
 #include "sound/ReproductoresQt_ui.h"
+#include "update/Actualizador.h"
+#include "update/ComprobarActualizacion.h"
+#include "update/FormActualizaTV.h"
+#include "update/Procesos.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -91,31 +98,39 @@ Form1::Form1(ModuloPrincipal& m, QStringList palabras, QWidget* padre)
       timerConfig_(crearTimer(this, "TimerConfig")),
       timerPrimeraConfig_(crearTimer(this, "TimerPrimeraConfig")),
       timerPedActualizado_(crearTimer(this, "TimerPedActualizado")),
-      timerMusica_(crearTimer(this, "TimerMusica")) {
+      timerMusica_(crearTimer(this, "TimerMusica")),
+      actualizador_(new Actualizador(m_, std::make_unique<ProcesosQt>(), this)) {
     setObjectName(QStringLiteral("Form1"));
     setWindowTitle(QStringLiteral("Tarvimenta"));
     construirControles();
     construirMenu();
+    // The quit is also queued: the update may end the process from inside Initialize, before
+    // the event loop runs.
+    actualizador_->Terminar = [this] {
+        Unload();
+        QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    };
+    connect(actualizador_, &Actualizador::mostrarPrincipal, this, &QWidget::show);
+    connect(actualizador_, &Actualizador::rotulo, this, [this](const QString& texto) {
+        findChild<QLabel*>(QStringLiteral("Label1"))->setText(texto);
+    });
 
     connect(&m_, &ModuloPrincipal::conexionEnLinea, this, &Form1::conexionEnLinea);
     connect(&m_, &ModuloPrincipal::conexionPerdida, this, &Form1::conexionPerdida);
     connect(&m_, &ModuloPrincipal::textoInfo, labelInfo_, &QLabel::setText);
     connect(&m_, &ModuloPrincipal::modoCambiado, this, &Form1::mostrarModo);
 
-    connect(timerPrimeraConfig_, &Temporizador::tick, this,
-            [this] { protegido([this] { RefrescarConfiguracion(); }); });
-    connect(timerPedidos_, &Temporizador::tick, this, [this] {
-        protegido([this] {
-            if (!m_.PedidoNuevoPendiente && !m_.MensajeNuevoPendiente) {
-                ComprobarPedidosNuevos();
-            }
-        });
+    alTurnoDelCamino(timerPrimeraConfig_, [this] { RefrescarConfiguracion(); });
+    alTurnoDelCamino(timerPedidos_, [this] {
+        if (!m_.PedidoNuevoPendiente && !m_.MensajeNuevoPendiente) {
+            ComprobarPedidosNuevos();
+        }
     });
-    connect(timerConfig_, &Temporizador::tick, this,
-            [this] { protegido([this] { tickConfig(); }); });
+    alTurnoDelCamino(timerConfig_, [this] { tickConfig(); });
     instalarSonido();
-    // An order accepted without a window goes through the same answer as one accepted by hand.
-    AceptarPedido = [this] { respuestasPedido().AceptarPedido(); };
+    // An order accepted without a window goes through the same answer as one accepted by hand,
+    // without its box when the service does not take it.
+    AceptarPedido = [this] { respuestasPedido().AceptarAutomaticamente(); };
 
     // The end of the user's session closes the desk without asking.
     connect(qApp, &QGuiApplication::commitDataRequest, this,
@@ -274,11 +289,17 @@ void Form1::construirMenu() {
         a->setObjectName(QLatin1String(nombre));
         return a;
     };
-    entrada("Configuracion", QStringLiteral("Configuración General"));
-    entrada("Impresora", QStringLiteral("Configurarión de Impresoras"));
+    QAction* config = entrada("Configuracion", QStringLiteral("Configuración General"));
+    QAction* impresora = entrada("Impresora", QStringLiteral("Configurarión de Impresoras"));
+    connect(config, &QAction::triggered, this, [this] { protegido([this] { AbrirConfig(); }); });
+    connect(impresora, &QAction::triggered, this,
+            [this] { protegido([this] { AbrirImpresoras(); }); });
     QAction* actualizar = entrada("Actualizar", QStringLiteral("Actualizar Configuración"));
     accionMusica_ = entrada("Musica", QStringLiteral("Reproducir Música"));
-    entrada("Actualizaciones", QStringLiteral("Comprobar Actualizaciones"));
+    QAction* actualizaciones =
+        entrada("Actualizaciones", QStringLiteral("Comprobar Actualizaciones"));
+    connect(actualizaciones, &QAction::triggered, this,
+            [this] { protegido([this] { actualizador_->ComprobarActualizacion(true); }); });
     QAction* admin = entrada("Admin", QStringLiteral("Admin"));
     connect(admin, &QAction::triggered, this, [this] { protegido([this] { AbrirAdmin(); }); });
 
@@ -293,6 +314,15 @@ void Form1::construirMenu() {
                     "conexión a Internet."));
             }
         });
+    });
+}
+
+void Form1::alTurnoDelCamino(Temporizador* timer, const std::function<void()>& accion) {
+    connect(timer, &Temporizador::tick, this, [this, accion] {
+        // While an answer is on its way (a printer's box may be up), this turn is skipped.
+        if (CaminoLibre(m_)) {
+            protegido(accion);
+        }
     });
 }
 
@@ -313,8 +343,10 @@ bool Form1::Initialize() {
     // as a desk without an establishment.
     protegido([this] { LeerConfigTxt(m_); });
     m_.ModoActualizador = false;
-    if (m_.NombreEjecutable == QLatin1String("TVU")) {
+    if (m_.NombreEjecutable == actualizacion::NombreActualizador) {
         m_.ModoActualizador = true;
+        new FormActualizaTV(*actualizador_, this);
+        actualizador_->IniciarActualizacion(palabras_);
     } else {
         m_.NoActualizar =
             !palabras_.isEmpty() && palabras_.first() == QLatin1String("noactualizar");
@@ -344,7 +376,7 @@ void Form1::Activate() {
     }
     if (!m_.PedidoNuevoPendiente) {
         // Read again: the calls above may have yielded to the event queue.
-        if (!m_.PedidoNuevoPendiente && !m_.MensajeNuevoPendiente &&
+        if (!m_.PedidoNuevoPendiente && !m_.MensajeNuevoPendiente && CaminoLibre(m_) &&
             (!yaIniciado || m_.ComprobarPedidoTrasAceptar)) {
             ComprobarPedidosNuevos();
         }
@@ -412,6 +444,9 @@ void Form1::AplicarTamannosFuente() {
     f.setPointSize(qMax<int>(1, m_.TamannoFuenteListasCheck));
     listaAgotados_->setFont(f);
     ::AplicarTamannosFuente(m_, &formPedidoNuevo());
+    if (formConfig_ != nullptr) {
+        formConfig_->AplicarTamannoListas();
+    }
     // The other check lists take their sizes when their windows exist.
 }
 
@@ -430,7 +465,9 @@ void Form1::RellenarMotivosRechazo() {
 
 // Where later windows and modules plug in; nothing of theirs exists yet.
 void Form1::CargarCarta() {}
-void Form1::ComprobarActualizacionAutomatica() {}
+void Form1::ComprobarActualizacionAutomatica() {
+    actualizador_->ComprobarActualizacion(false);
+}
 
 void Form1::mostrarModo(qint16 modo) {
     const bool impresion = modo == 1 || modo == 2;
@@ -454,6 +491,28 @@ FormAdmin& Form1::AbrirAdmin() {
     return *formAdmin_;
 }
 
+FormConfig& Form1::AbrirConfig() {
+    if (formConfig_ == nullptr) {
+        formConfig_ = new FormConfig(
+            m_, [this] { AplicarTamannosFuente(); }, this);
+    }
+    formConfig_->show();
+    formConfig_->raise();
+    formConfig_->IniciarValores();
+    return *formConfig_;
+}
+
+FormImpresoras& Form1::AbrirImpresoras() {
+    if (formImpresoras_ == nullptr) {
+        formImpresoras_ = new FormImpresoras(
+            m_, [this] { return RefrescarConfiguracion(); }, this);
+    }
+    formImpresoras_->CargarDatosImpresora();
+    formImpresoras_->show();
+    formImpresoras_->raise();
+    return *formImpresoras_;
+}
+
 void Form1::tickConfig() {
     if (m_.PedidoNuevoPendiente || m_.MensajeNuevoPendiente) {
         return;
@@ -469,6 +528,15 @@ void Form1::tickConfig() {
 }
 
 void Form1::ComprobarPedidosNuevos() {
+    if (descargado_) {
+        return; // ending (handed over to the updater): no order is taken any more
+    }
+    // An automatic acceptance that the service did not take goes again before anything new
+    // is asked for; this turn is its.
+    if (m_.AceptacionPendiente && AceptarPedido) {
+        AceptarPedido();
+        return;
+    }
     const QString respuesta = m_.ConsultarServidor(sondeo::RutaPedidosNuevos(m_));
     switch (sondeo::Clasificar(respuesta)) {
     case sondeo::Respuesta::EstadoApertura:
@@ -481,6 +549,8 @@ void Form1::ComprobarPedidosNuevos() {
     case sondeo::Respuesta::ImprimirDia:
     case sondeo::Respuesta::Mensaje:
     case sondeo::Respuesta::ForzarActualizacion:
+        actualizador_->LanzarActualizador();
+        break;
     case sondeo::Respuesta::Nada:
         break;
     }

@@ -15,7 +15,10 @@ class QAction;
 class QMenu;
 class FormPedidoNuevo;
 class FormAdmin;
+class FormConfig;
+class FormImpresoras;
 class RespuestasPedido;
+class Actualizador;
 
 // The main window: the anchor of the whole desk from start to end. It owns the five
 // timers that drive every repeating activity and shows who the desk is, whether the
@@ -36,6 +39,9 @@ public:
     void ComprobarPedidosNuevos();
     // The login window, made on first use and hidden rather than closed.
     FormAdmin& AbrirAdmin();
+    // The general and the printer settings, made on first use and hidden rather than closed.
+    FormConfig& AbrirConfig();
+    FormImpresoras& AbrirImpresoras();
 
     // The new-order window, made on first use and kept to the end.
     FormPedidoNuevo& formPedidoNuevo();
@@ -54,6 +60,7 @@ public:
     void Unload();
 
     ModuloPrincipal& modulo() { return m_; }
+    Actualizador& actualizador() { return *actualizador_; }
     // Keeps a file with what the window shows, rewritten after every event handled.
     void setVolcado(const QString& fichero) { volcado_ = fichero; }
     void volcar();
@@ -83,6 +90,8 @@ private:
     void conexionEnLinea();
     void conexionPerdida();
     void protegido(const std::function<void()>& manejador);
+    // Connects a timer whose work touches the order road: its turn waits while the road is busy.
+    void alTurnoDelCamino(Temporizador* timer, const std::function<void()>& accion);
     void mostrarModo(qint16 modo);
     void AplicarTamannosFuente();
     void PrepararSonido();
@@ -116,4 +125,7 @@ private:
     FormPedidoNuevo* formPedidoNuevo_ = nullptr;
     RespuestasPedido* respuestas_ = nullptr;
     FormAdmin* formAdmin_ = nullptr;
+    Actualizador* actualizador_;
+    FormConfig* formConfig_ = nullptr;
+    FormImpresoras* formImpresoras_ = nullptr;
 };

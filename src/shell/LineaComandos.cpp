@@ -39,6 +39,7 @@ LineaComandos LineaComandos::Leer(const QStringList& argumentos, const QProcessE
     }
 
     LineaComandos l;
+    l.opciones = opciones;
     auto leer = [&](const QString& nombre, const QString& variable) {
         const QString v = valorOpcion(opciones, nombre);
         return v.isEmpty() ? entorno.value(variable) : v;
@@ -62,6 +63,16 @@ LineaComandos LineaComandos::Leer(const QStringList& argumentos, const QProcessE
         l.respuestasCajas.append(r.trimmed().compare(QLatin1String("no"), Qt::CaseInsensitive) == 0
                                      ? respuesta::No
                                      : respuesta::Si);
+    }
+    const QString prefijoPdf = QStringLiteral("--impresora-pdf=");
+    for (const QString& o : opciones) {
+        if (o.startsWith(prefijoPdf) && o.size() > prefijoPdf.size()) {
+            l.impresorasPdf.append(o.mid(prefijoPdf.size()));
+        }
+    }
+    l.carpetaPdf = valorOpcion(opciones, QStringLiteral("carpeta-pdf"));
+    if (l.carpetaPdf.isEmpty()) {
+        l.carpetaPdf = l.carpetaDatos;
     }
     // The words are split at single blanks, as the program always read its command line.
     l.palabras = resto.join(QLatin1Char(' ')).split(QLatin1Char(' '));

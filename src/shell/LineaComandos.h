@@ -13,13 +13,18 @@
 //   --respuestas=si,no,...         (or TARVIMENTA_RESPUESTAS) answers to those boxes' questions
 //   --volcado=FILE                 (or TARVIMENTA_VOLCADO) keep FILE with what the main window
 //   shows
+//   --impresora-pdf=NOMBRE         a driver printer that writes PDF files (may be repeated)
+//   --carpeta-pdf=DIR              where those files go (the data folder by default)
 struct LineaComandos {
     QString servidor;
     QString carpetaDatos;
     QString registroCajas;
     QList<int> respuestasCajas;
     QString volcado;
+    QStringList impresorasPdf;
+    QString carpetaPdf;
     QStringList palabras;
+    QStringList opciones; // the "--" options as given, handed on by the self-update
 
     static LineaComandos Leer(const QStringList& argumentos, const QProcessEnvironment& entorno,
                               const QString& carpetaEjecutable);

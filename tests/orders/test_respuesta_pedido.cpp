@@ -113,14 +113,23 @@ TEST_F(Respuesta, AceptarEnviaLaLlamadaYImprimeDespues) {
     int alEnviar = -1;
     responder("ok", &alEnviar);
     bool respondido = false;
-    EXPECT_TRUE(rp::EnviarAceptacion(m, [&] {
-        respondido = true;
-        EXPECT_FALSE(m.PedidoNuevoPendiente);
-    }));
+    int ticketsAlTerminar = -1;
+    // The order stays pending until its tickets are out; only then may polling resume.
+    EXPECT_TRUE(rp::EnviarAceptacion(
+        m,
+        [&] {
+            respondido = true;
+            EXPECT_TRUE(m.PedidoNuevoPendiente);
+        },
+        [&] {
+            ticketsAlTerminar = tickets();
+            EXPECT_FALSE(m.PedidoNuevoPendiente);
+        }));
     EXPECT_TRUE(url(0).startsWith(kBase + "pedidosgprs/respuestapedidos?a=77&o=5001&ak=Accepted"
                                           "&m=20_Minutos&dt=nousado&u=nousado&p=clave9&fha="))
         << url(0).constData();
     EXPECT_TRUE(respondido);
+    EXPECT_EQ(ticketsAlTerminar, 1);
     EXPECT_EQ(alEnviar, 0);
     EXPECT_EQ(tickets(), 1);
     EXPECT_EQ(m.PedidoActual.Estado, QStringLiteral("Aceptado"));

@@ -8,6 +8,10 @@
 #include "platform/CajaMensajes.h"
 #include "platform/EncajeVentanas_ui.h"
 #include "settings/FormAdmin.h"
+#include "settings/FormCategoriasCocina.h"
+#include "settings/FormConfig.h"
+#include "settings/FormExtraConfigImpr.h"
+#include "settings/FormImpresoras.h"
 #include "shell/Form1.h"
 
 #include <QApplication>
@@ -105,7 +109,12 @@ TEST_F(EncajeVentanasPrueba, LasDemasVentanasYLaQueCreceEscondida) {
     FormAceptarPedido aceptar;
     FormRechazarPedido rechazar;
     FormAdmin admin(m, [] {});
-    for (QWidget* w : std::initializer_list<QWidget*>{&principal, &aceptar, &rechazar, &admin}) {
+    FormConfig config(m, [] {});
+    FormImpresoras impresoras(m, [] { return true; });
+    FormExtraConfigImpr extra(m);
+    FormCategoriasCocina categorias(m);
+    for (QWidget* w : std::initializer_list<QWidget*>{&principal, &aceptar, &rechazar, &admin,
+                                                      &config, &impresoras, &extra, &categorias}) {
         comprobarEntera(*w);
         w->hide();
     }
