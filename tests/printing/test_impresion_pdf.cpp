@@ -80,29 +80,10 @@ TEST_F(ImpresionPdf, TicketDeClienteEnPdf) {
     ImprimirTicketDW(m, *impresora, i);
     ASSERT_EQ(impresora->ficherosPdf().size(), 1);
     const QStringList lineas = texto(impresora->ficherosPdf()[0]);
-    // 18 characters a line at 14 points with this factor: the header text wraps.
-    enOrden(lineas, {"Casa Tarvi",
-                     "22/11/2026 13:05:09",
-                     "Gracias por su",
-                     "pedido",
-                     u"Ped. Nº: 1234"_qs,
-                     "2 X Pizza Margarita",
-                     "1 X Hamburguesa",
-                     "Comentarios:",
-                     "Sin cebolla",
-                     u"Importe envío: 1,50€"_qs,
-                     u"Descuento: 0€"_qs,
-                     "Total:",
-                     "Cliente:",
-                     u"Ana Pérez"_qs,
-                     u"Teléfono: 600111222"_qs,
-                     "Realizado el:",
-                     "Para: Ahora",
-                     "NO Pagado",
-                     "Aceptado: 30 Minutos",
-                     "13:30",
-                     u"¡Buen provecho!"_qs,
-                     "."});
+    // What each ticket says is the recorder tests' matter; here, that the drawing keeps it:
+    // 18 characters a line at 14 points with this factor wrap the header text.
+    enOrden(lineas, {"Casa Tarvi", "Gracias por su", "pedido", u"Ped. Nº: 1234"_qs, u"Ana Pérez"_qs,
+                     u"¡Buen provecho!"_qs, "."});
     // Prices and the total stand on the line they end.
     auto lineaCon = [&lineas](const QString& pieza) {
         for (const QString& l : lineas) {
@@ -131,9 +112,7 @@ TEST_F(ImpresionPdf, TicketDeCocinaEnPdfYNadaCuandoNoLeToca) {
     ImprimirTicketCocinaDW(m, *impresora, i);
     ASSERT_EQ(impresora->ficherosPdf().size(), 1);
     const QStringList lineas = texto(impresora->ficherosPdf()[0]);
-    enOrden(lineas,
-            {"Cocina", "22/11/2026 13:05:09", u"Ped. Nº: 1234"_qs, u"Envío a domicilio"_qs,
-             "1 X Hamburguesa", "Comentarios:", "Sin cebolla", u"1234 Envío a Dom."_qs, "13:30"});
+    enOrden(lineas, {"Cocina", u"Ped. Nº: 1234"_qs, "1 X Hamburguesa", u"1234 Envío a Dom."_qs});
     EXPECT_FALSE(lineas.join(u'\n').contains("Pizza")) << "another category";
 
     // Nothing of category 9: no document, no file.
