@@ -3,6 +3,7 @@
 // Thread-safe: every connection of the front calls in from its own thread.
 #pragma once
 
+#include "CartaSimulada.h"
 #include "GeneradorPedidos.h"
 #include "Peticiones.h"
 
@@ -75,6 +76,9 @@ public:
 
     static bool TipoDeFalloValido(const std::string& tipo);
 
+    // Replaces the menu and its marks; false for a document without categories.
+    bool PonerCarta(const nlohmann::ordered_json& documento);
+
 private:
     long long MsDesdeInicio() const;
     bool BuscarFallo(bool https, const std::string& ruta, Fallo& fallo);
@@ -108,6 +112,7 @@ private:
     std::string textoCerradoHasta_;
     std::map<long, PedidoGuardado> pedidos_;
     long siguientePedido_ = 1001;
+    CartaSimulada carta_;
 };
 
 } // namespace simulador
