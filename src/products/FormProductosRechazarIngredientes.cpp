@@ -45,7 +45,7 @@ FormProductosRechazarIngredientes::FormProductosRechazarIngredientes(ModuloPrinc
     botones->addStretch(1);
     botones->addWidget(hecho);
     columna->addLayout(botones);
-    resize(520, 600);
+    resize(500, 460);
 }
 
 void FormProductosRechazarIngredientes::CargarListaProductos() {
@@ -85,7 +85,7 @@ FormProductosRechazarIngredientesPedido::FormProductosRechazarIngredientesPedido
     columna->addWidget(label2);
     columna->addWidget(lista_, 1);
     columna->addLayout(botones);
-    resize(520, 420);
+    resize(500, 400);
 }
 
 void FormProductosRechazarIngredientesPedido::CargarListaProductos() {

@@ -32,8 +32,11 @@ ListaProductos::ListaProductos(ModuloPrincipal& m, QString cabeceraPrecio, QWidg
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setAllColumnsShowFocus(true);
     setAlternatingRowColors(false);
-    setStyleSheet(QStringLiteral("QTreeView::item { border-bottom: 1px solid #d0d0d0; "
-                                 "border-right: 1px solid #d0d0d0; }"));
+    // Grid lines, and a selected row that stays readable under them.
+    setStyleSheet(
+        QStringLiteral("QTreeView::item { border-bottom: 1px solid #d0d0d0; "
+                       "border-right: 1px solid #d0d0d0; }"
+                       "QTreeView::item:selected { background: #cfe3fb; color: black; }"));
     Rellenar({});
     connect(this, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* item, int columna) {
         if (columna != Nula) {
