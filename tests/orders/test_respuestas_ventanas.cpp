@@ -12,6 +12,8 @@
 #include "orders/RespuestasPedido_ui.h"
 #include "platform/CajaMensajes.h"
 #include "platform/Temporizador.h"
+#include "products/FormProductosRechazarIngredientes.h"
+#include "products/ListaProductos_ui.h"
 #include "shell/Form1.h"
 #include "sound/AlertaSonora.h"
 
@@ -268,15 +270,33 @@ TEST_F(Respuestas, SinIngredientesPasaPorLaListaDeProductos) {
     ASSERT_TRUE(lista.isVisible());
     EXPECT_FALSE(rechazo().isVisible());
     EXPECT_EQ(lista.windowTitle(), QStringLiteral("Productos Pedido - Selección Agotados"));
-    QTreeWidget* productos = lista.ListViewProductosNoIngredientes();
-    ASSERT_EQ(productos->topLevelItemCount(), 2);
-    EXPECT_EQ(productos->topLevelItem(1)->text(0), QStringLiteral("Tarta de queso"));
+    // Only the order's products that stand on the menu under that exact name, with prices.
+    ListaProductos* productos = lista.ListViewProductosNoIngredientes();
+    ASSERT_EQ(productos->topLevelItemCount(), 1);
+    EXPECT_EQ(productos->topLevelItem(0)->text(1), QStringLiteral("Tarta de queso"));
+    EXPECT_EQ(productos->topLevelItem(0)->text(2), QStringLiteral("4,9 €"));
+    EXPECT_EQ(productos->topLevelItem(0)->checkState(0), Qt::Unchecked);
     EXPECT_TRUE(respuestas().isEmpty());
 
-    QList<QPair<int, bool>> marcados;
-    r().MarcarProductoAgotado = [&](int id, bool agotado) { marcados.append({id, agotado}); };
-    productos->topLevelItem(1)->setCheckState(0, Qt::Checked);
-    EXPECT_EQ(marcados, (QList<QPair<int, bool>>{{150, true}}));
+    // Ticking marks it on the service at once.
+    m.IdEstablecimiento = 7;
+    m.PasswordConfig = QStringLiteral("clave");
+    m.NumConfig = 1;
+    productos->esperaTrasMarcarMs = 0;
+    productos->topLevelItem(0)->setCheckState(0, Qt::Checked);
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] {
+            for (const auto& e : sim.registro()) {
+                if (e.ruta == QLatin1String("pedidosgprs/marcarDesmarcarProductoAgotado")) {
+                    return e.consulta.contains(QLatin1String("&idProducto=501&agotado=s"));
+                }
+            }
+            return false;
+        },
+        5000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !productos->MarcandoProducto; }, 5000));
+    EXPECT_EQ(f->listaAgotados().topLevelItemCount(), 1);
+    EXPECT_TRUE(cajas->cajas().isEmpty());
 
     pulsar(&lista, "butCerrar");
     EXPECT_FALSE(lista.isVisible());
