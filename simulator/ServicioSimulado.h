@@ -6,6 +6,7 @@
 #include "Actualizaciones.h"
 #include "CategoriasSimuladas.h"
 #include "GeneradorPedidos.h"
+#include "MensajesSimulados.h"
 #include "Peticiones.h"
 
 #include <chrono>
@@ -80,6 +81,7 @@ public:
     static bool TipoDeFalloValido(const std::string& tipo);
 
     ActualizacionesSimuladas& Actualizaciones() { return actualizaciones_; }
+    MensajesSimulados& Mensajes() { return mensajes_; }
 
 private:
     long long MsDesdeInicio() const;
@@ -116,6 +118,7 @@ private:
     nlohmann::ordered_json categorias_ = CategoriasPorDefecto();
     long siguientePedido_ = 1001;
     ActualizacionesSimuladas actualizaciones_;
+    MensajesSimulados mensajes_;
 };
 
 } // namespace simulador
