@@ -50,8 +50,7 @@ Remitente QuienEnvia(const ModuloPrincipal& m) {
     return quien == QLatin1String("TV") ? Remitente::Tarvimenta : Remitente::Otro;
 }
 
-std::optional<Cabecera> CabeceraDe(const ModuloPrincipal& m) {
-    const bool cancelacion = EsCancelacion(m);
+std::optional<Cabecera> CabeceraDe(const ModuloPrincipal& m, bool cancelacion) {
     switch (QuienEnvia(m)) {
     case Remitente::Cliente:
         return Cabecera{CabeceraCliente, cancelacion ? InfoCancelarCliente : InfoCliente};

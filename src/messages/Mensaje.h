@@ -62,13 +62,13 @@ bool EsCancelacion(const ModuloPrincipal& m);
 enum class Remitente { Cliente, Tarvimenta, Otro };
 Remitente QuienEnvia(const ModuloPrincipal& m);
 
-// The heading and the help line above the answer, for the message on screen; none for a
-// sender who is neither (the labels keep what they had).
+// The heading and the help line above the answer, for a plain message or a cancellation
+// request; none for a sender who is neither (the labels keep what they had).
 struct Cabecera {
     QString titulo;
     QString info;
 };
-std::optional<Cabecera> CabeceraDe(const ModuloPrincipal& m);
+std::optional<Cabecera> CabeceraDe(const ModuloPrincipal& m, bool cancelacion);
 
 // The caption of the order frame: state, and for an accepted order its minutes and
 // delivery hour when it has them.

@@ -116,12 +116,9 @@ bool Mensajes::cargarComun(FormMensajeBase& v) {
 
 void Mensajes::CargarMensajeNuevo() {
     FormMensajeNuevo& v = formMensajeNuevo();
-    if (!cargarComun(v)) {
-        // About no order: the buttons and the help keep what the last message left.
-        return;
-    }
-    const std::optional<mensaje::Cabecera> cabecera = mensaje::CabeceraDe(m_);
-    const bool cancelacion = mensaje::EsCancelacion(m_);
+    // Without its order on screen a message is answered as a plain one: the cancel buttons
+    // would act on whatever order the desk read last.
+    const bool cancelacion = cargarComun(v) && mensaje::EsCancelacion(m_);
     if (cancelacion && !estado::esAceptado(m_.PedidoActual.Estado)) {
         v.butCancelarPed->hide();
         v.TextRespuesta->setPlainText(mensaje::YaRechazado);
@@ -132,7 +129,7 @@ void Mensajes::CargarMensajeNuevo() {
     v.butCancelarPed->setVisible(cancelacion);
     v.butNoCancelarPed->setVisible(cancelacion);
     v.butResponder->setEnabled(cancelacion);
-    if (cabecera) {
+    if (const auto cabecera = mensaje::CabeceraDe(m_, cancelacion)) {
         v.labCabInfoMensaje->setText(cabecera->titulo);
         v.labInfoMensaje->setText(cabecera->info);
     }
@@ -141,7 +138,7 @@ void Mensajes::CargarMensajeNuevo() {
 void Mensajes::CargarMensajeAnterior() {
     FormMensajeAnterior& v = formMensajeAnterior();
     cargarComun(v);
-    if (const auto cabecera = mensaje::CabeceraDe(m_)) {
+    if (const auto cabecera = mensaje::CabeceraDe(m_, false)) {
         v.labCabInfoMensaje->setText(cabecera->titulo);
     }
     v.TextRespuesta->setPlainText(mensaje::Campo(m_, QStringLiteral("respuesta")));

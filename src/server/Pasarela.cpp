@@ -129,8 +129,8 @@ QByteArray Pasarela::codificarUrl(const QString& url) {
     r.reserve(bytes.size() + 16);
     for (const char ch : bytes) {
         const auto b = static_cast<unsigned char>(ch);
-        const bool crudo = b > 0x20 && b < 0x7F && b != '"' && b != '<' && b != '>' && b != '\\' &&
-                           b != '^' && b != '`' && b != '{' && b != '|' && b != '}';
+        const bool crudo = b > 0x20 && b < 0x7F && b != '"' && b != '#' && b != '<' && b != '>' &&
+                           b != '\\' && b != '^' && b != '`' && b != '{' && b != '|' && b != '}';
         if (crudo) {
             r.append(ch);
         } else {
