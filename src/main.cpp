@@ -3,6 +3,7 @@
 #include "base/ModuloPrincipal.h"
 #include "platform/CajaMensajes.h"
 #include "platform/CajaMensajesQt_ui.h"
+#include "platform/EncajeVentanas_ui.h"
 #include "platform/InstanciaUnica.h"
 #include "platform/SenalesTerminacion.h"
 #include "printing/ImpresoraDWQt_ui.h"
@@ -28,6 +29,9 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("TarvimentaPedidos"));
     QApplication::setQuitOnLastWindowClosed(false);
+    // Every window opens whole and centred on its screen, whatever its size and fonts.
+    EncajeVentanas encaje;
+    app.installEventFilter(&encaje);
 
     const LineaComandos linea =
         LineaComandos::Leer(QApplication::arguments(), QProcessEnvironment::systemEnvironment(),
