@@ -137,7 +137,11 @@ void Mensajes::CargarMensajeNuevo() {
 
 void Mensajes::CargarMensajeAnterior() {
     FormMensajeAnterior& v = formMensajeAnterior();
+    // Reading the message's order must not take the place of an order on screen, whose
+    // answer prints PedidoActual.
+    const Pedido enCurso = m_.PedidoActual;
     cargarComun(v);
+    m_.PedidoActual = enCurso;
     if (const auto cabecera = mensaje::CabeceraDe(m_, false)) {
         v.labCabInfoMensaje->setText(cabecera->titulo);
     }

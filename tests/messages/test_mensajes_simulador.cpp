@@ -148,7 +148,8 @@ TEST_F(MensajesSimulador, CancelarUnPedidoAceptadoYPagadoYNegarseConUnTextoFijo)
     EXPECT_FALSE(m.MensajeNuevoPendiente);
 
     // Refused: the window of fixed refusals, and its text.
-    const QString id2 = llegaMensaje(QStringLiteral("US"), 2, pedidoRespondido(true));
+    const QString segundo = pedidoRespondido(true);
+    const QString id2 = llegaMensaje(QStringLiteral("US"), 2, segundo);
     QTest::mouseClick(v().butNoCancelarPed, Qt::LeftButton);
     FormNoCancelarPed& no = f->mensajes().formNoCancelarPed();
     ASSERT_TRUE(no.isVisible());
@@ -159,6 +160,15 @@ TEST_F(MensajesSimulador, CancelarUnPedidoAceptadoYPagadoYNegarseConUnTextoFijo)
               QStringList{QStringLiteral("El pedido ya está en preparación, lo sentimos.")});
     EXPECT_FALSE(no.isVisible());
     EXPECT_FALSE(m.MensajeNuevoPendiente);
+
+    // The last message looked at while an order waits: its frame, and the waiting order kept.
+    const QString enPantalla =
+        sim.generarPedidos(1, 9, QStringLiteral("domicilio"))[0].toObject()["numero"].toString();
+    f->ComprobarPedidosNuevos();
+    f->mensajes().PulsarUltimoMensaje();
+    EXPECT_TRUE(f->mensajes().formMensajeAnterior().frmPedido->title().startsWith(
+        QStringLiteral("Pedido %1 (Aceptado").arg(segundo)));
+    EXPECT_EQ(m.PedidoActual.NumPedido, enPantalla);
 }
 
 TEST_F(MensajesSimulador, PedirCancelarUnPedidoRechazadoSoloDejaResponderElTextoPuesto) {
