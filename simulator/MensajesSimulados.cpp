@@ -47,16 +47,17 @@ MensajesSimulados::Mensaje MensajesSimulados::CrearDeMuestra(std::uint64_t semil
          "TV", false},
         {"Alérgenos", "¿La pizza de la casa lleva frutos secos?", 1, "RE", false},
     }};
-    const Muestra& s = muestras[semilla % muestras.size()];
+    std::size_t i = semilla % muestras.size();
+    if (muestras[i].tipo == 2 && numero.empty()) {
+        i = (i + 1) % muestras.size(); // no accepted order to cancel yet
+    }
+    const Muestra& s = muestras[i];
     Mensaje m;
     m.Asunto = s.asunto;
     m.Texto = s.texto;
     m.Tipo = s.tipo;
     m.QuienEnvia = s.quien;
     m.NumPedido = s.conPedido ? numero : "";
-    if (s.tipo == 2 && numero.empty()) {
-        m.Tipo = 1;
-    }
     return guardar(std::move(m));
 }
 
