@@ -32,7 +32,7 @@ parar() {
 trap parar INT TERM EXIT
 
 # The stand-in service, with the demo establishment and its printers writing to files.
-coproc SIM { exec "$bin/simulador" --puerto=0 --impresoras-ep="$trabajo/impresoras" --pedidos-cada=30; }
+coproc SIM { exec "$bin/simulador" --puerto=0 --impresoras-ep="$trabajo/impresoras" --pedidos-cada=30 --mensajes-cada=75; }
 pids+=("$SIM_PID")
 puerto=""
 for _ in $(seq 100); do

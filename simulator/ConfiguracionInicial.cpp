@@ -184,7 +184,9 @@ json DocumentoPorDefecto(const DestinosImpresoras& destinos) {
         {"modo", 0},
         {"motivosrechazo",
          {"No hay ingredientes.", "Cerramos en breve.", "Dirección fuera de la zona de reparto.",
-          "Demasiados pedidos en este momento.", "Problema técnico en la cocina."}},
+          "Demasiados pedidos en este momento.", "Problema técnico en la cocina.",
+          "Pedido duplicado.", "Cliente no localizable.", "Fuera del horario de reparto.",
+          "Cancelado a petición del cliente."}},
         {"actualizaragotados", 0},
         {"configimpresoras", {caja, cliente, cocina1, cocina2}},
     };

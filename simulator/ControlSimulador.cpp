@@ -200,6 +200,18 @@ Respuesta AtenderControl(ServicioSimulado& servicio, const Peticion& peticion) {
                        ? Hecho()
                        : Fallo(400, "la carta debe ser un objeto con \"categorias\"");
         }
+        if (recurso == "mensajes" && metodo == "POST") {
+            MensajesSimulados::Mensaje creado;
+            std::string error;
+            if (!servicio.Mensajes().Crear(cuerpo, creado, error)) {
+                return Fallo(400, error);
+            }
+            servicio.Encolar("pedidosgprs/pedidosnuevos", {MensajesSimulados::Cuerpo(creado)});
+            return Json(MensajesSimulados::AJson(creado));
+        }
+        if (recurso == "mensajes" && metodo == "GET") {
+            return Json(servicio.Mensajes().Lista());
+        }
         if (recurso == "pedidos" && metodo == "POST") {
             return GenerarPedidos(servicio, cuerpo);
         }

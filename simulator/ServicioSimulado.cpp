@@ -210,7 +210,8 @@ Respuesta ServicioSimulado::RespuestaDeFallo(const Fallo& fallo) const {
 
 Respuesta ServicioSimulado::Normal(const std::string& ruta, const std::string& consulta) {
     Respuesta r;
-    if (actualizaciones_.Atender(ruta, r)) {
+    if (actualizaciones_.Atender(ruta, r) ||
+        mensajes_.Atender(ruta, consulta, MsDesdeInicio(), r)) {
         return r;
     }
     if (ruta == kRutaPoll) {

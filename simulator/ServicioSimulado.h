@@ -7,6 +7,7 @@
 #include "CategoriasSimuladas.h"
 #include "CartaSimulada.h"
 #include "GeneradorPedidos.h"
+#include "MensajesSimulados.h"
 #include "Peticiones.h"
 
 #include <chrono>
@@ -83,6 +84,7 @@ public:
     ActualizacionesSimuladas& Actualizaciones() { return actualizaciones_; }
     // Replaces the menu and its marks; false for a document without categories.
     bool PonerCarta(const nlohmann::ordered_json& documento);
+    MensajesSimulados& Mensajes() { return mensajes_; }
 
 private:
     long long MsDesdeInicio() const;
@@ -120,6 +122,7 @@ private:
     long siguientePedido_ = 1001;
     ActualizacionesSimuladas actualizaciones_;
     CartaSimulada carta_;
+    MensajesSimulados mensajes_;
 };
 
 } // namespace simulador

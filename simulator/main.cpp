@@ -7,6 +7,7 @@
 //   --impresoras-ep=DIR     raw printers write files in DIR
 //   --impresoras-tcp=P1,P2,P3       or go to 127.0.0.1:Pn
 //   --pedidos-cada=S        queue a new generated order every S seconds (demo)
+//   --mensajes-cada=S       queue a customer or operator message every S seconds (demo)
 #include "ConfiguracionInicial.h"
 #include "FrenteTcp.h"
 #include "ServicioSimulado.h"
@@ -29,6 +30,7 @@ struct Opciones {
     std::string NumConfig = "1";
     simulador::DestinosImpresoras Impresoras;
     double PedidosCada = 0;
+    double MensajesCada = 0;
 };
 
 bool Valor(const std::string& arg, const char* nombre, std::string& valor) {
@@ -69,6 +71,8 @@ bool LeerOpciones(int argc, char** argv, Opciones& o) {
                 }
             } else if (Valor(arg, "--pedidos-cada", v)) {
                 o.PedidosCada = std::stod(v);
+            } else if (Valor(arg, "--mensajes-cada", v)) {
+                o.MensajesCada = std::stod(v);
             } else {
                 std::cerr << "simulador: opción desconocida: " << arg << "\n";
                 return false;
@@ -114,6 +118,10 @@ int main(int argc, char** argv) {
     using Reloj = std::chrono::steady_clock;
     auto siguientePedido = Reloj::now();
     std::uint64_t semilla = 1;
+    auto siguienteMensaje =
+        Reloj::now() +
+        std::chrono::milliseconds(static_cast<long long>(opciones.MensajesCada * 1000));
+    std::uint64_t semillaMensaje = 0;
     bool seguir = true;
     while (seguir) {
         pollfd vigilados[2] = {{fdSenales, POLLIN, 0},
@@ -134,6 +142,21 @@ int main(int argc, char** argv) {
             siguientePedido =
                 Reloj::now() +
                 std::chrono::milliseconds(static_cast<long long>(opciones.PedidosCada * 1000));
+        }
+        if (opciones.MensajesCada > 0 && Reloj::now() >= siguienteMensaje) {
+            // About the newest accepted order when there is one (a cancellation needs it).
+            std::string numero;
+            for (const auto& p : servicio.Pedidos()) {
+                if (p.Pedido.Estado == "Aceptado") {
+                    numero = p.Pedido.NumPedido;
+                }
+            }
+            const auto m = servicio.Mensajes().CrearDeMuestra(semillaMensaje++, numero);
+            servicio.Encolar("pedidosgprs/pedidosnuevos",
+                             {simulador::MensajesSimulados::Cuerpo(m)});
+            siguienteMensaje =
+                Reloj::now() +
+                std::chrono::milliseconds(static_cast<long long>(opciones.MensajesCada * 1000));
         }
     }
     frente.Parar();

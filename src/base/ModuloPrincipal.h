@@ -19,6 +19,7 @@ class AlertaSonora;
 class CanalEP;
 class ImpresorasDW;
 class Carta;
+class DiccionarioJson;
 
 // The program's one piece of global state: identification, configuration variables,
 // the order record, the printer slots and the flags. The program makes one; each test
@@ -158,6 +159,9 @@ public:
         bool impreso = false;
     };
     std::optional<AceptacionSinTomar> AceptacionPendiente;
+
+    // --- the last message of the service (none until the first one arrives) ------------
+    std::shared_ptr<DiccionarioJson> MensajeActual;
 
     // Text shown in the main window's establishment box (orders copy it at parse time).
     QString TextoEstablecimiento = QStringLiteral("No configurado");

@@ -3,6 +3,7 @@
 #include "base/ArchivosLocales.h"
 #include "base/CaminoPedido.h"
 #include "base/ModuloPrincipal.h"
+#include "messages/Mensajes_ui.h"
 #include "orders/AceptacionAutomatica.h"
 #include "orders/FormPedidoNuevo.h"
 #include "orders/RegistroPedido.h"
@@ -222,6 +223,8 @@ void Form1::construirControles() {
     rejilla->addWidget(butCancelarCerrar_, 3, 1);
     rejilla->addWidget(butHistorico, 4, 0);
     rejilla->addWidget(butUltimoMensaje, 4, 1);
+    connect(butUltimoMensaje, &QPushButton::clicked, this,
+            [this] { protegido([this] { mensajes().PulsarUltimoMensaje(); }); });
     rejilla->addWidget(butInformes, 5, 0);
     rejilla->addWidget(butAgotados, 5, 1);
     rejilla->addWidget(label1, 6, 0, 1, 2);
@@ -276,6 +279,27 @@ FormPedidoNuevo& Form1::formPedidoNuevo() {
 RespuestasPedido& Form1::respuestasPedido() {
     formPedidoNuevo();
     return *respuestas_;
+}
+
+Mensajes& Form1::mensajes() {
+    if (mensajes_ == nullptr) {
+        Mensajes::Escritorio e;
+        e.detenerSondeo = [this] { timerPedidos_->setEnabled(false); };
+        e.reanudarSondeo = [this] { timerPedidos_->setEnabled(true); };
+        e.vigilar = [this] {
+            if (m_.IntervaloEscaneoPedActualizado >= 1) {
+                timerPedActualizado_->setInterval(m_.IntervaloEscaneoPedActualizado);
+                timerPedActualizado_->setEnabled(true);
+            }
+        };
+        e.minimizar = [this] { showMinimized(); };
+        mensajes_ = new Mensajes(m_, respuestasPedido(), std::move(e), this);
+        // A cancellation asked for in a message answers that message.
+        respuestas_->ResponderMensaje = [this](const QString& t) {
+            mensajes_->ResponderMensaje(t);
+        };
+    }
+    return *mensajes_;
 }
 
 void Form1::construirMenu() {
@@ -542,9 +566,11 @@ void Form1::ComprobarPedidosNuevos() {
     case sondeo::Respuesta::Pedido:
         caminoPedido(respuesta);
         break;
+    case sondeo::Respuesta::Mensaje:
+        mensajes().RecibirMensaje(respuesta);
+        break;
     case sondeo::Respuesta::ImprimirSesion:
     case sondeo::Respuesta::ImprimirDia:
-    case sondeo::Respuesta::Mensaje:
     case sondeo::Respuesta::ForzarActualizacion:
         actualizador_->LanzarActualizador();
         break;

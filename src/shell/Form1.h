@@ -20,6 +20,7 @@ class FormAdmin;
 class FormConfig;
 class FormImpresoras;
 class RespuestasPedido;
+class Mensajes;
 class Actualizador;
 
 // The main window: the anchor of the whole desk from start to end. It owns the five
@@ -58,6 +59,8 @@ public:
     FormPedidoNuevo* formPedidoNuevoSiExiste() const { return formPedidoNuevo_; }
     // The answer flow of the order on screen (its windows come with the new-order window).
     RespuestasPedido& respuestasPedido();
+    // The message flow (its windows are made on first use).
+    Mensajes& mensajes();
     // The acceptance of an order without a window (automatic acceptance). While it is not
     // set, every order goes on screen.
     std::function<void()> AceptarPedido;
@@ -136,6 +139,7 @@ private:
     QAction* accionMusica_ = nullptr;
     FormPedidoNuevo* formPedidoNuevo_ = nullptr;
     RespuestasPedido* respuestas_ = nullptr;
+    Mensajes* mensajes_ = nullptr;
     FormAdmin* formAdmin_ = nullptr;
     Actualizador* actualizador_;
     FormConfig* formConfig_ = nullptr;

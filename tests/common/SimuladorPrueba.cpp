@@ -211,6 +211,14 @@ QJsonArray SimuladorPrueba::pedidos() {
     return QJsonDocument::fromJson(controlCrudo("GET", "pedidos", {})).array();
 }
 
+QJsonObject SimuladorPrueba::crearMensaje(const QJsonObject& mensaje) {
+    return control("POST", "mensajes", mensaje);
+}
+
+QJsonArray SimuladorPrueba::mensajes() {
+    return QJsonDocument::fromJson(controlCrudo("GET", "mensajes", {})).array();
+}
+
 bool SimuladorPrueba::esperarPeticion(const QString& ruta, int msMax, int desdeN) {
     const QDeadlineTimer limite(msMax);
     while (true) {

@@ -64,6 +64,10 @@ public:
     QJsonArray generarPedidos(int cantidad, quint64 semilla, const QString& clase = "mezcla",
                               int productos = 0);
     QJsonArray pedidos();
+    // A message on the next poll (asunto, mensaje, pedido, tipo, quienenvia), returned with its
+    // id; and every message with the answers it got (respuestas: mr, consulta, ms).
+    QJsonObject crearMensaje(const QJsonObject& mensaje);
+    QJsonArray mensajes();
 
     // Waits, running the event loop, until the record holds a request for ruta with a
     // number above desdeN. False after msMax.
