@@ -237,6 +237,9 @@ Respuesta ServicioSimulado::Normal(const std::string& ruta, const std::string& c
         }
     } else if (ruta == "pedidosgprs/respuestapedidos") {
         r.Cuerpo = Responder(consulta);
+    } else if (ruta == "pedidosgprs/obtenerPedidos" || ruta == "pedidosgprs/obtenerTotales") {
+        r.Tipo = "application/json; charset=utf-8";
+        r.Cuerpo = Historial(ruta, consulta);
     } else if (ruta == "pedidosgprs/obtenerEstadoPedido") {
         if (const auto* p = Buscar(Parametro(consulta, "idPedidoEst"))) {
             r.Cuerpo = p->Respuestas.empty() ? "#1#" : "#2#";

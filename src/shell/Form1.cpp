@@ -3,6 +3,10 @@
 #include "base/ArchivosLocales.h"
 #include "base/CaminoPedido.h"
 #include "base/ModuloPrincipal.h"
+#include "history/FormInformes.h"
+#include "history/FormPedidoAnterior.h"
+#include "history/FormPedidosAnteriores.h"
+#include "history/ResumenVentas.h"
 #include "orders/AceptacionAutomatica.h"
 #include "orders/FormPedidoNuevo.h"
 #include "orders/RegistroPedido.h"
@@ -172,6 +176,10 @@ void Form1::construirControles() {
     auto* butUltimoMensaje =
         crear<QPushButton>(central, "butUltimoMensaje", QStringLiteral("Último Mensaje"));
     auto* butInformes = crear<QPushButton>(central, "butInformes", QStringLiteral("Informes"));
+    connect(butHistorico, &QPushButton::clicked, this,
+            [this] { protegido([this] { AbrirHistorico(); }); });
+    connect(butInformes, &QPushButton::clicked, this,
+            [this] { protegido([this] { AbrirInformes(); }); });
     auto* butAgotados = crear<QPushButton>(central, "CommandProductosSinIngredientes",
                                            QStringLiteral("Marcar Prod. Agotados"));
     auto* label1 = crear<QLabel>(central, "Label1", QStringLiteral("Productos Agotados:"));
@@ -513,6 +521,36 @@ FormImpresoras& Form1::AbrirImpresoras() {
     return *formImpresoras_;
 }
 
+void Form1::AbrirHistorico() {
+    if (m_.PedidoNuevoPendiente) {
+        return;
+    }
+    if (formPedidosAnteriores_ == nullptr) {
+        formPedidosAnteriores_ = new FormPedidosAnteriores(
+            m_, [this](const QString& numero) { AbrirPedidoAnterior(numero, false); }, this);
+    }
+    formPedidosAnteriores_->BuscarPedidos();
+    formPedidosAnteriores_->show();
+    formPedidosAnteriores_->raise();
+}
+
+FormPedidoAnterior& Form1::AbrirPedidoAnterior(const QString& numero, bool encima) {
+    if (formPedidoAnterior_ == nullptr) {
+        formPedidoAnterior_ = new FormPedidoAnterior(m_, respuestasPedido(), this);
+    }
+    formPedidoAnterior_->Abrir(numero, encima);
+    return *formPedidoAnterior_;
+}
+
+FormInformes& Form1::AbrirInformes() {
+    if (formInformes_ == nullptr) {
+        formInformes_ = new FormInformes(m_, this);
+    }
+    formInformes_->show();
+    formInformes_->raise();
+    return *formInformes_;
+}
+
 void Form1::tickConfig() {
     if (m_.PedidoNuevoPendiente || m_.MensajeNuevoPendiente) {
         return;
@@ -546,7 +584,14 @@ void Form1::ComprobarPedidosNuevos() {
         caminoPedido(respuesta);
         break;
     case sondeo::Respuesta::ImprimirSesion:
-    case sondeo::Respuesta::ImprimirDia:
+    case sondeo::Respuesta::ImprimirDia: {
+        // No window: the ticket goes to slot 1 and no order is taken while it prints.
+        const OcupacionCamino ocupado(m_);
+        ImprimirResumenVentas(m_, sondeo::Clasificar(respuesta) == sondeo::Respuesta::ImprimirDia
+                                      ? resumen::Hoy
+                                      : resumen::UltimaSesionHoy);
+        break;
+    }
     case sondeo::Respuesta::Mensaje:
     case sondeo::Respuesta::ForzarActualizacion:
         actualizador_->LanzarActualizador();
