@@ -102,6 +102,13 @@ std::string Hora(const PedidoGenerado& p) {
     return h.substr(0, h.rfind(':'));
 }
 
+// Amounts go out as the desk shows them: text with a decimal comma and both cents.
+std::string Importe(long centimos) {
+    std::string t = TextoImporte(centimos);
+    std::replace(t.begin(), t.end(), '.', ',');
+    return "\"" + t + "\"";
+}
+
 std::string Texto(const std::string& t) {
     std::string r = "\"";
     for (char c : t) {
@@ -133,8 +140,8 @@ std::string RespuestaObtenerPedidos(const std::vector<PedidoGenerado>& respondid
     }
     const std::string mensaje = lista.empty() ? "No se han encontrado pedidos" : "";
     return "{\"totalnumpedidos\":" + std::to_string(lista.size()) +
-           ",\"totalimportepedidos\":" + TextoImporte(total) +
-           ",\"totalimportepedidosbruto\":" + TextoImporte(bruto) + ",\"pedidos\":" + Texto(filas) +
+           ",\"totalimportepedidos\":" + Importe(total) +
+           ",\"totalimportepedidosbruto\":" + Importe(bruto) + ",\"pedidos\":" + Texto(filas) +
            ",\"mensaje\":" + Texto(mensaje) + "}";
 }
 
@@ -159,7 +166,7 @@ std::string RespuestaObtenerTotales(const std::vector<PedidoGenerado>& respondid
             }
         }
         r += "\"totalnumpedidos" + sufijo + "\":" + std::to_string(n) + ",\"totalimportepedidos" +
-             sufijo + "\":" + TextoImporte(suma) + ",";
+             sufijo + "\":" + Importe(suma) + ",";
     };
     par("", [](const PedidoGenerado&) { return true; });
     par("Recoger", [](const PedidoGenerado& p) { return Recogen(p); });
