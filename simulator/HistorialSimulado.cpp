@@ -95,18 +95,28 @@ std::vector<PedidoGenerado> Filtrar(const std::vector<PedidoGenerado>& respondid
     return r;
 }
 
+// The time the order was placed, hours and minutes.
 std::string Hora(const PedidoGenerado& p) {
     const auto blanco = p.RealizadoEl.find(' ');
-    const std::string h =
-        blanco == std::string::npos ? p.RealizadoEl : p.RealizadoEl.substr(blanco + 1);
-    return h.substr(0, h.rfind(':'));
+    std::string h = blanco == std::string::npos ? p.RealizadoEl : p.RealizadoEl.substr(blanco + 1);
+    if (std::count(h.begin(), h.end(), ':') == 2) {
+        h.erase(h.rfind(':'));
+    }
+    return h;
 }
 
 // Amounts go out as the desk shows them: text with a decimal comma and both cents.
-std::string Importe(long centimos) {
+std::string ConComa(long centimos) {
     std::string t = TextoImporte(centimos);
     std::replace(t.begin(), t.end(), '.', ',');
-    return "\"" + t + "\"";
+    return t;
+}
+
+std::string Importe(long centimos) {
+    std::string r(1, '"');
+    r += ConComa(centimos);
+    r += '"';
+    return r;
 }
 
 std::string Texto(const std::string& t) {
@@ -135,8 +145,8 @@ std::string RespuestaObtenerPedidos(const std::vector<PedidoGenerado>& respondid
             filas += '#';
         }
         filas += p.NumPedido + " - " + Hora(p) + " - " + p.Cliente + " - " +
-                 (Recogen(p) ? "Recogen" : "Domicilio") + " - " +
-                 TextoImporte(Centimos(p.TotalPedido)) + "€ - " + p.Estado;
+                 (Recogen(p) ? "Recogen" : "Domicilio") + " - " + ConComa(Centimos(p.TotalPedido)) +
+                 "€ - " + p.Estado;
     }
     const std::string mensaje = lista.empty() ? "No se han encontrado pedidos" : "";
     return "{\"totalnumpedidos\":" + std::to_string(lista.size()) +

@@ -55,6 +55,7 @@ FormInformes::FormInformes(ModuloPrincipal& m, QWidget* padre) : QWidget(padre, 
     auto* cerrar = new QPushButton(QStringLiteral("Cerrar"), this);
     cerrar->setObjectName(QStringLiteral("butCerrar"));
     rejilla->addWidget(cerrar, fila, 2);
+    resize(340, 300);
     connect(porFechas, &QPushButton::clicked, this, [this] { imprimir(resumen::PorFechas); });
     connect(cerrar, &QPushButton::clicked, this, &QWidget::hide);
 }

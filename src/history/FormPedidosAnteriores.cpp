@@ -150,20 +150,19 @@ void FormPedidosAnteriores::construir() {
         botones->addWidget(b);
     }
 
-    auto* filtros = new QVBoxLayout;
+    // Filters in a row above the list, so the window fits a 1024x768 screen.
+    auto* filtros = new QHBoxLayout;
     for (QGroupBox* g : {frame1, frame2, frame3, frame4, frameOrigen_}) {
-        filtros->addWidget(g);
+        filtros->addWidget(g, 0, Qt::AlignTop);
     }
     filtros->addStretch(1);
-    auto* derecha = new QVBoxLayout;
-    derecha->addWidget(lista_, 1);
-    derecha->addLayout(totales);
-    derecha->addWidget(mensaje_);
-    derecha->addLayout(botones);
-    auto* todo = new QHBoxLayout(this);
+    auto* todo = new QVBoxLayout(this);
     todo->addLayout(filtros);
-    todo->addLayout(derecha, 1);
-    resize(960, 640);
+    todo->addWidget(lista_, 1);
+    todo->addLayout(totales);
+    todo->addWidget(mensaje_);
+    todo->addLayout(botones);
+    resize(980, 660);
 
     const auto buscar = [this] { protegido([this] { BuscarPedidos(); }); };
     for (QButtonGroup* g : {periodo_, formaPago_, formaEnvio_}) {

@@ -3,6 +3,7 @@
 #include "base/ArchivosLocales.h"
 #include "base/CaminoPedido.h"
 #include "base/ModuloPrincipal.h"
+#include "history/Encajar_ui.h"
 #include "history/FormInformes.h"
 #include "history/FormPedidoAnterior.h"
 #include "history/FormPedidosAnteriores.h"
@@ -528,6 +529,7 @@ void Form1::AbrirHistorico() {
     if (formPedidosAnteriores_ == nullptr) {
         formPedidosAnteriores_ = new FormPedidosAnteriores(
             m_, [this](const QString& numero) { AbrirPedidoAnterior(numero, false); }, this);
+        EncajarEnPantalla(formPedidosAnteriores_);
     }
     formPedidosAnteriores_->BuscarPedidos();
     formPedidosAnteriores_->show();
@@ -537,6 +539,7 @@ void Form1::AbrirHistorico() {
 FormPedidoAnterior& Form1::AbrirPedidoAnterior(const QString& numero, bool encima) {
     if (formPedidoAnterior_ == nullptr) {
         formPedidoAnterior_ = new FormPedidoAnterior(m_, respuestasPedido(), this);
+        EncajarEnPantalla(formPedidoAnterior_);
     }
     formPedidoAnterior_->Abrir(numero, encima);
     return *formPedidoAnterior_;
@@ -545,6 +548,7 @@ FormPedidoAnterior& Form1::AbrirPedidoAnterior(const QString& numero, bool encim
 FormInformes& Form1::AbrirInformes() {
     if (formInformes_ == nullptr) {
         formInformes_ = new FormInformes(m_, this);
+        EncajarEnPantalla(formInformes_);
     }
     formInformes_->show();
     formInformes_->raise();
