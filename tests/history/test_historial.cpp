@@ -1,9 +1,7 @@
 // The history search: its queries, the reading of its reply, the rules of the actions on a
 // past order, and the window's filters as a person clicks them.
 #include "base/Windows1252.h"
-#include "common/CapturaEP.h"
 #include "common/Entorno.h"
-#include "common/ImpresoraEPDeSerie.h"
 #include "common/ImprimirQString.h"
 #include "history/BusquedaPedidos.h"
 #include "history/FormPedidosAnteriores.h"
@@ -65,7 +63,6 @@ TEST_F(Historial, LaRespuestaDaFilasTotalesYMensaje) {
     EXPECT_EQ(r->filas, (QStringList{"5 - 12:00 - Ana - 10.00€", "6 - 12:30 - Luis - 21.50€", ""}));
     EXPECT_EQ(r->mensaje, QStringLiteral("Máx. 2"));
     EXPECT_FALSE(historial::LeerResultado(QStringLiteral("error")));
-    EXPECT_FALSE(historial::LeerResultado(QString()));
 }
 
 TEST(FilasHistorial, SoloUnaFilaDeTresPiezasEsUnPedido) {
@@ -106,47 +103,28 @@ TEST(CancelarAceptado, SegunEstadoReglaYPago) {
 }
 
 TEST_F(Historial, ElTicketVaALaRanuraUnoOALaPrimeraQueNoEsCocina) {
-    struct Caso {
-        std::vector<std::pair<int, bool>> ranuras; // slot with a printer, kitchen
-        int esperada;
-    };
-    const Caso casos[] = {
+    // Slots with a printer, as (slot, kitchen); the slot expected, 0 for the box.
+    const std::pair<std::vector<std::pair<int, bool>>, int> casos[] = {
         {{{1, true}, {2, false}}, 1},
         {{{2, true}, {3, true}, {5, false}, {6, false}}, 5},
         {{{10, false}}, 10},
-        {{{2, true}, {4, true}}, 0},
-        {{}, 0},
-    };
-    CapturaEP captura(e.m);
-    for (const Caso& c : casos) {
+        {{{2, true}, {4, true}}, 0}};
+    for (const auto& [ranuras, esperada] : casos) {
         e.m.Impresoras = {};
-        for (const auto& [n, cocina] : c.ranuras) {
-            e.m.Impresora(n) =
-                ImpresoraEPDeSerie(QStringLiteral("I%1").arg(n), QStringLiteral("p%1").arg(n));
+        for (const auto& [n, cocina] : ranuras) {
+            e.m.Impresora(n).NombreImpresora = QStringLiteral("I%1").arg(n);
             e.m.Impresora(n).Cocina = cocina;
-            e.m.Impresora(n).CategoriasIds = QStringLiteral("12");
         }
-        captura.limpiar();
-        e.cajas->limpiar();
-        e.m.PedidoActual.NumPedido = QStringLiteral("88");
-        e.m.PedidoActual.Productos = {
-            {1, QStringLiteral("Pizza"), QStringLiteral("9.00"), 5, 12, {}}};
-        EXPECT_EQ(historial::ReimprimirTicket(e.m), c.esperada);
-        for (int n = 1; n <= 10; ++n) {
-            EXPECT_EQ(captura.aperturas(QStringLiteral("p%1").arg(n)), n == c.esperada ? 1 : 0);
-        }
-        EXPECT_EQ(e.cajas->cajas().size(), c.esperada == 0 ? 1 : 0);
+        EXPECT_EQ(historial::RanuraReimpresion(e.m), esperada);
     }
-    EXPECT_EQ(
-        e.cajas->cajas().value(0).texto,
-        QStringLiteral("Debe seleccionar una impresora de tickets en configuración de impresoras"));
-    EXPECT_EQ(e.m.CaminoOcupado, 0);
+    EXPECT_EQ(historial::ReimprimirTicket(e.m), 0);
+    EXPECT_EQ(e.cajas->cajas().value(0).texto,
+              u"Debe seleccionar una impresora de tickets en configuración de impresoras"_qs);
 }
 
 // The window, with the service answering every search with two orders.
 struct VentanaHistorial : Historial {
-    FormPedidosAnteriores v{e.m, [this](const QString& n) { abiertos << n; }};
-    QStringList abiertos;
+    FormPedidosAnteriores v{e.m, [](const QString&) {}};
     VentanaHistorial() {
         e.canales.directo->porDefecto = {
             true, R"({"totalnumpedidos":2,"totalimportepedidos":9,"totalimportepedidosbruto":9,)"
@@ -199,25 +177,4 @@ TEST_F(VentanaHistorial, UnaFechaSoloBuscaAlCambiarDePeriodoYAplicarSiempre) {
     EXPECT_TRUE(e.canales.directo->urls[1].contains("&fechaini=10112026&fechafin=12112026&"));
     EXPECT_EQ(v.lista()->count(), 2);
     EXPECT_EQ(c<QLabel>("labimportetotal")->text(), QStringLiteral("9€"));
-}
-
-TEST_F(VentanaHistorial, SinFilaDePedidoLasAccionesLoPiden) {
-    e.canales.directo->porDefecto = {true, "error"};
-    v.show();
-    clic(c<QRadioButton>("OptBuscarPedidos1"));
-    ASSERT_EQ(v.lista()->count(), 1);
-    EXPECT_EQ(v.lista()->item(0)->text(), QStringLiteral("Cargando..."));
-    v.lista()->setCurrentRow(0);
-    for (const char* b : {"butVerPedido", "butImprimirPedAnt", "butImprimirPedAntCocina",
-                          "butImprimirPedAntCompleto"}) {
-        clic(c<QPushButton>(b));
-    }
-    ASSERT_EQ(e.cajas->cajas().size(), 4);
-    for (const auto& caja : e.cajas->cajas()) {
-        EXPECT_EQ(caja.texto, QStringLiteral("Debe seleccionar un pedido"));
-    }
-    for (const QByteArray& url : e.canales.directo->urls) {
-        EXPECT_FALSE(url.contains("obtenerPedido?")) << url.toStdString(); // no order was fetched
-    }
-    EXPECT_TRUE(abiertos.isEmpty());
 }
