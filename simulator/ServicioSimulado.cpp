@@ -245,6 +245,9 @@ Respuesta ServicioSimulado::Normal(const std::string& ruta, const std::string& c
     } else if (ruta == "pedidosgprs/marcarDesmarcarProductoAgotado") {
         r.Cuerpo = carta_.Marcar(consulta, CredencialesCorrectas(consulta, true),
                                  FechaHora(std::chrono::system_clock::now()));
+    } else if (ruta == "pedidosgprs/obtenerPedidos" || ruta == "pedidosgprs/obtenerTotales") {
+        r.Tipo = "application/json; charset=utf-8";
+        r.Cuerpo = Historial(ruta, consulta);
     } else if (ruta == "pedidosgprs/obtenerEstadoPedido") {
         if (const auto* p = Buscar(Parametro(consulta, "idPedidoEst"))) {
             r.Cuerpo = p->Respuestas.empty() ? "#1#" : "#2#";

@@ -99,9 +99,11 @@ private:
     std::string GuardarGeneral(const std::string& consulta);
     std::string Responder(const std::string& consulta);
     PedidoGuardado* Buscar(const std::optional<std::string>& numero);
+    std::string Historial(const std::string& ruta, const std::string& consulta) const;
 
     mutable std::mutex mutex_;
     const std::chrono::steady_clock::time_point inicio_ = std::chrono::steady_clock::now();
+    const std::chrono::system_clock::time_point inicioReloj_ = std::chrono::system_clock::now();
     std::vector<Entrada> registro_;
     long siguienteN_ = 1;
     std::map<std::string, std::deque<std::string>> colas_;

@@ -80,8 +80,8 @@ FormPedidoNuevo::FormPedidoNuevo(ModuloPrincipal& m, QWidget* padre)
 
 FormPedidoNuevo::~FormPedidoNuevo() = default;
 
-void FormPedidoNuevo::construir() {
-    auto* lista = con_nombre(new QTreeWidget(this), "ListViewProductos");
+void ConstruirControlesPedido(QWidget* ventana, QVBoxLayout* columna) {
+    auto* lista = con_nombre(new QTreeWidget(ventana), "ListViewProductos");
     PrepararListaInforme(lista);
     // The list takes what the details and the buttons leave of the screen, and scrolls: a
     // few rows at least, so that a large font on a small screen still shows the answers.
@@ -92,23 +92,23 @@ void FormPedidoNuevo::construir() {
     rejilla->setVerticalSpacing(3);
     int fila = 0;
     for (const Par& par : kPares) {
-        auto* cab = con_nombre(new QLabel(QString::fromUtf8(par.texto), this), par.cabecera);
+        auto* cab = con_nombre(new QLabel(QString::fromUtf8(par.texto), ventana), par.cabecera);
         QFont negrita = cab->font();
         negrita.setBold(true);
         cab->setFont(negrita);
         QWidget* valor = nullptr;
         const QByteArray nombre(par.valor);
         if (nombre == "TxtDireccion") {
-            auto* e = new QLineEdit(this);
+            auto* e = new QLineEdit(ventana);
             e->setReadOnly(true);
             valor = e;
         } else if (nombre == "TxtComentarios") {
-            auto* t = new QPlainTextEdit(this);
+            auto* t = new QPlainTextEdit(ventana);
             t->setReadOnly(true);
             t->setMaximumHeight(70);
             valor = t;
         } else {
-            auto* l = new QLabel(this);
+            auto* l = new QLabel(ventana);
             l->setTextInteractionFlags(Qt::TextSelectableByMouse);
             // One line each: a long text is cut at the window's edge instead of widening it
             // (and no height-for-width layout runs at every order).
@@ -127,11 +127,17 @@ void FormPedidoNuevo::construir() {
         ++fila;
     }
     rejilla->setColumnStretch(1, 1);
-    auto* total = findChild<QLabel*>(QStringLiteral("LabTotal"));
+    auto* total = ventana->findChild<QLabel*>(QStringLiteral("LabTotal"));
     QFont fTotal = total->font();
     fTotal.setBold(true);
     total->setFont(fTotal);
+    columna->addWidget(lista, 1);
+    columna->addLayout(rejilla);
+}
 
+void FormPedidoNuevo::construir() {
+    auto* columna = new QVBoxLayout(this);
+    ConstruirControlesPedido(this, columna);
     auto* aceptar = con_nombre(new QPushButton(QStringLiteral("Aceptar Pedido"), this), "Aceptar");
     auto* rechazar = con_nombre(new QPushButton(QStringLiteral("Rechazar"), this), "Rechazar");
     auto* imprimir = con_nombre(new QPushButton(QStringLiteral("Imprimir"), this), "Imprimir");
@@ -143,9 +149,6 @@ void FormPedidoNuevo::construir() {
         botones->addWidget(b);
     }
 
-    auto* columna = new QVBoxLayout(this);
-    columna->addWidget(lista, 1);
-    columna->addLayout(rejilla);
     columna->addLayout(botones);
     resize(640, 820);
 

@@ -6,6 +6,11 @@
 class ModuloPrincipal;
 class Temporizador;
 class QTreeWidget;
+class QVBoxLayout;
+
+// The order controls that RellenarVentanaPedido paints (the product list and the labels under
+// their names), made on `ventana` and laid in `columna`; both order windows carry them.
+void ConstruirControlesPedido(QWidget* ventana, QVBoxLayout* columna);
 
 // The window of a new order: it puts the order in front of the staff, loud and flashing,
 // and keeps coming back until the order is answered. The close box and minimising only

@@ -3,6 +3,10 @@
 #include "base/ArchivosLocales.h"
 #include "base/CaminoPedido.h"
 #include "base/ModuloPrincipal.h"
+#include "history/FormInformes.h"
+#include "history/FormPedidoAnterior.h"
+#include "history/FormPedidosAnteriores.h"
+#include "history/ResumenVentas.h"
 #include "messages/Mensajes_ui.h"
 #include "orders/AceptacionAutomatica.h"
 #include "orders/FormPedidoNuevo.h"
@@ -174,6 +178,10 @@ void Form1::construirControles() {
     auto* butUltimoMensaje =
         crear<QPushButton>(central, "butUltimoMensaje", QStringLiteral("Último Mensaje"));
     auto* butInformes = crear<QPushButton>(central, "butInformes", QStringLiteral("Informes"));
+    connect(butHistorico, &QPushButton::clicked, this,
+            [this] { protegido([this] { AbrirHistorico(); }); });
+    connect(butInformes, &QPushButton::clicked, this,
+            [this] { protegido([this] { AbrirInformes(); }); });
     auto* butAgotados = crear<QPushButton>(central, "CommandProductosSinIngredientes",
                                            QStringLiteral("Marcar Prod. Agotados"));
     auto* label1 = crear<QLabel>(central, "Label1", QStringLiteral("Productos Agotados:"));
@@ -297,6 +305,10 @@ Mensajes& Form1::mensajes() {
         // A cancellation asked for in a message answers that message.
         respuestas_->ResponderMensaje = [this](const QString& t) {
             mensajes_->ResponderMensaje(t);
+        };
+        // "Ver Pedido" shows the message's order, just read, in the past-order window.
+        mensajes_->MostrarPedidoAnterior = [this](const QString& resumen) {
+            formPedidoAnterior().Mostrar(resumen, true);
         };
     }
     return *mensajes_;
@@ -534,6 +546,40 @@ FormImpresoras& Form1::AbrirImpresoras() {
     return *formImpresoras_;
 }
 
+void Form1::AbrirHistorico() {
+    if (m_.PedidoNuevoPendiente) {
+        return;
+    }
+    if (formPedidosAnteriores_ == nullptr) {
+        formPedidosAnteriores_ = new FormPedidosAnteriores(
+            m_, [this](const QString& numero) { AbrirPedidoAnterior(numero, false); }, this);
+    }
+    formPedidosAnteriores_->BuscarPedidos();
+    formPedidosAnteriores_->show();
+    formPedidosAnteriores_->raise();
+}
+
+FormPedidoAnterior& Form1::formPedidoAnterior() {
+    if (formPedidoAnterior_ == nullptr) {
+        formPedidoAnterior_ = new FormPedidoAnterior(m_, respuestasPedido(), this);
+    }
+    return *formPedidoAnterior_;
+}
+
+FormPedidoAnterior& Form1::AbrirPedidoAnterior(const QString& numero, bool encima) {
+    formPedidoAnterior().Abrir(numero, encima);
+    return *formPedidoAnterior_;
+}
+
+FormInformes& Form1::AbrirInformes() {
+    if (formInformes_ == nullptr) {
+        formInformes_ = new FormInformes(m_, this);
+    }
+    formInformes_->show();
+    formInformes_->raise();
+    return *formInformes_;
+}
+
 void Form1::tickConfig() {
     if (m_.PedidoNuevoPendiente || m_.MensajeNuevoPendiente) {
         return;
@@ -559,7 +605,8 @@ void Form1::ComprobarPedidosNuevos() {
         return;
     }
     const QString respuesta = m_.ConsultarServidor(sondeo::RutaPedidosNuevos(m_));
-    switch (sondeo::Clasificar(respuesta)) {
+    const sondeo::Respuesta clase = sondeo::Clasificar(respuesta);
+    switch (clase) {
     case sondeo::Respuesta::EstadoApertura:
         mostrarApertura(respuesta);
         break;
@@ -570,7 +617,13 @@ void Form1::ComprobarPedidosNuevos() {
         mensajes().RecibirMensaje(respuesta);
         break;
     case sondeo::Respuesta::ImprimirSesion:
-    case sondeo::Respuesta::ImprimirDia:
+    case sondeo::Respuesta::ImprimirDia: {
+        // No window: the ticket goes to slot 1 and no order is taken while it prints.
+        const OcupacionCamino ocupado(m_);
+        ImprimirResumenVentas(
+            m_, clase == sondeo::Respuesta::ImprimirDia ? resumen::Hoy : resumen::UltimaSesionHoy);
+        break;
+    }
     case sondeo::Respuesta::ForzarActualizacion:
         actualizador_->LanzarActualizador();
         break;

@@ -19,6 +19,9 @@ class FormPedidoNuevo;
 class FormAdmin;
 class FormConfig;
 class FormImpresoras;
+class FormPedidosAnteriores;
+class FormPedidoAnterior;
+class FormInformes;
 class RespuestasPedido;
 class Mensajes;
 class Actualizador;
@@ -53,6 +56,12 @@ public:
     // The general and the printer settings, made on first use and hidden rather than closed.
     FormConfig& AbrirConfig();
     FormImpresoras& AbrirImpresoras();
+    // The history (searched at each opening), one past order (on top when a message window
+    // asks for it) and the sales summaries; made on first use and hidden rather than closed.
+    void AbrirHistorico();
+    FormPedidoAnterior& AbrirPedidoAnterior(const QString& numero, bool encima);
+    FormPedidoAnterior& formPedidoAnterior();
+    FormInformes& AbrirInformes();
 
     // The new-order window, made on first use and kept to the end.
     FormPedidoNuevo& formPedidoNuevo();
@@ -144,4 +153,7 @@ private:
     Actualizador* actualizador_;
     FormConfig* formConfig_ = nullptr;
     FormImpresoras* formImpresoras_ = nullptr;
+    FormPedidosAnteriores* formPedidosAnteriores_ = nullptr;
+    FormPedidoAnterior* formPedidoAnterior_ = nullptr;
+    FormInformes* formInformes_ = nullptr;
 };
