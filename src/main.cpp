@@ -15,15 +15,27 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <cstdio>
-#include <cstring>
 #include <optional>
 
 int main(int argc, char** argv) {
-    for (int i = 1; i < argc; ++i) {
-        if (std::strcmp(argv[i], "--version") == 0) {
-            std::printf("TarvimentaPedidos %s\n", qPrintable(ModuloPrincipal::Version));
-            return 0;
-        }
+    // Help, version and mistakes are answered before any window system is needed.
+    QStringList argumentos;
+    for (int i = 0; i < argc; ++i) {
+        argumentos.append(QString::fromLocal8Bit(argv[i]));
+    }
+    const PeticionLinea peticion = LineaComandos::Revisar(argumentos);
+    switch (peticion.tipo) {
+    case PeticionLinea::Ayuda:
+        std::fputs(peticion.texto.toUtf8().constData(), stdout);
+        return 0;
+    case PeticionLinea::Version:
+        std::printf("TarvimentaPedidos %s\n", qPrintable(ModuloPrincipal::Version));
+        return 0;
+    case PeticionLinea::Error:
+        std::fputs(peticion.texto.toUtf8().constData(), stderr);
+        return 2;
+    case PeticionLinea::Arrancar:
+        break;
     }
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("TarvimentaPedidos"));

@@ -15,6 +15,14 @@
 //   shows
 //   --impresora-pdf=NOMBRE         a driver printer that writes PDF files (may be repeated)
 //   --carpeta-pdf=DIR              where those files go (the data folder by default)
+// What a command line asks for before anything starts: the desk, its help, its version, or
+// nothing (a mistake, told in `texto`, ends with exit code 2).
+struct PeticionLinea {
+    enum Tipo { Arrancar, Ayuda, Version, Error };
+    Tipo tipo = Arrancar;
+    QString texto;
+};
+
 struct LineaComandos {
     QString servidor;
     QString carpetaDatos;
@@ -25,6 +33,11 @@ struct LineaComandos {
     QString carpetaPdf;
     QStringList palabras;
     QStringList opciones; // the "--" options as given, handed on by the self-update
+
+    // Only the "--" options are checked: the words are the program's own, and Qt's options
+    // begin with a single "-".
+    static PeticionLinea Revisar(const QStringList& argumentos);
+    static QString TextoAyuda(const QString& programa);
 
     static LineaComandos Leer(const QStringList& argumentos, const QProcessEnvironment& entorno,
                               const QString& carpetaEjecutable);
