@@ -8,6 +8,7 @@
 #include "printing/ImpresoraDWQt_ui.h"
 #include "printing/ImpresorasDWPdf_ui.h"
 #include "shell/Form1.h"
+#include "shell/Icono_ui.h"
 #include "shell/LineaComandos.h"
 #include "update/Actualizador.h"
 #include "update/ComprobarActualizacion.h"
@@ -40,6 +41,9 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("TarvimentaPedidos"));
     QApplication::setQuitOnLastWindowClosed(false);
+    // The name of the installed menu entry, so a desktop groups the windows under its icon.
+    QGuiApplication::setDesktopFileName(QStringLiteral("tarvimentapedidos"));
+    QApplication::setWindowIcon(IconoAplicacion());
 
     const LineaComandos linea =
         LineaComandos::Leer(QApplication::arguments(), QProcessEnvironment::systemEnvironment(),
