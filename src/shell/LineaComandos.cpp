@@ -1,6 +1,7 @@
 #include "shell/LineaComandos.h"
 
 #include "platform/CajaMensajes.h"
+#include "update/ComprobarActualizacion.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -20,7 +21,9 @@ QString valorOpcion(const QStringList& opciones, const QString& nombre) {
 }
 
 QString carpetaPorDefecto(const QString& carpetaEjecutable) {
-    if (QFileInfo(carpetaEjecutable).isWritable()) {
+    // An installation for the whole system keeps no user's files in its own folder, even
+    // when root, who may write there, starts it.
+    if (!actualizacion::InstalacionDelSistema(carpetaEjecutable)) {
         return carpetaEjecutable;
     }
     const QString datos = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);

@@ -8,7 +8,9 @@
 // The desk's command line. Options beginning with "--" are taken out first; what is
 // left are the words the program reads ("noactualizar", the updater's two words).
 //   --servidor=HOST[:PORT]/PATH/   (or TARVIMENTA_SERVIDOR) the service base, no scheme
-//   --carpeta=DIR                  (or TARVIMENTA_CARPETA) where config.txt and ultpedim.txt live
+//   --carpeta=DIR                  (or TARVIMENTA_CARPETA) where config.txt and ultpedim.txt live;
+//                                  by default the executable's folder, unless the desk is
+//                                  installed for the whole system: then the user's data folder
 //   --cajas=FILE                   (or TARVIMENTA_CAJAS) write message boxes to FILE, no screen
 //   --respuestas=si,no,...         (or TARVIMENTA_RESPUESTAS) answers to those boxes' questions
 //   --volcado=FILE                 (or TARVIMENTA_VOLCADO) keep FILE with what the main window

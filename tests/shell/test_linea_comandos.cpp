@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -36,6 +37,30 @@ TEST(LineaComandos, ElEntornoSuplePorDefectoYLaCarpetaDelEjecutable) {
     const auto l2 = LineaComandos::Leer(
         {QStringLiteral("prog"), QStringLiteral("--servidor=o:2/api/")}, entorno, tmp.path());
     EXPECT_EQ(l2.servidor, QStringLiteral("o:2/api/"));
+}
+
+// An installed desk keeps its files in the user's data folder, even for root, who could write
+// beside the executable; a desk unpacked in a folder of its own keeps them there.
+TEST(LineaComandos, LaCarpetaDeDatosDeUnaInstalacionDelSistemaEsLaDelUsuario) {
+    QStandardPaths::setTestModeEnabled(true);
+    QTemporaryDir tmp;
+    const QString delUsuario = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    const struct {
+        QString carpetaEjecutable;
+        QString esperada;
+    } casos[] = {
+        {QStringLiteral("/usr/lib/tarvimentapedidos"), delUsuario},
+        {QStringLiteral("/usr/local/bin"), delUsuario},
+        {tmp.path(), tmp.path()},
+    };
+    for (const auto& c : casos) {
+        SCOPED_TRACE(c.carpetaEjecutable.toStdString());
+        EXPECT_EQ(
+            LineaComandos::Leer({QStringLiteral("p")}, QProcessEnvironment(), c.carpetaEjecutable)
+                .carpetaDatos,
+            c.esperada);
+    }
+    QStandardPaths::setTestModeEnabled(false);
 }
 
 TEST(LineaComandos, LasPalabrasSePartenEnBlancosSimples) {
