@@ -3,6 +3,7 @@
 #include "base/ModuloPrincipal.h"
 #include "platform/CajaMensajes.h"
 #include "platform/CajaMensajesQt_ui.h"
+#include "platform/DiarioSistema.h"
 #include "platform/InstanciaUnica.h"
 #include "platform/SenalesTerminacion.h"
 #include "printing/ImpresoraDWQt_ui.h"
@@ -38,6 +39,9 @@ int main(int argc, char** argv) {
     case PeticionLinea::Arrancar:
         break;
     }
+    // Journal lines carry the time, for support; QT_MESSAGE_PATTERN still wins.
+    qSetMessagePattern(QStringLiteral("%{time yyyy-MM-dd hh:mm:ss} %{category}: %{message}"));
+    diario::Instalar();
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("TarvimentaPedidos"));
     QApplication::setQuitOnLastWindowClosed(false);

@@ -19,6 +19,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLoggingCategory>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
@@ -463,6 +464,80 @@ TEST_F(Respuestas, ElTecladoBastaParaResponder) {
         } else {
             EXPECT_EQ(enviadas, QStringList{QString::fromUtf8(c.enviado)});
             EXPECT_FALSE(m.PedidoNuevoPendiente);
+        }
+    }
+}
+
+namespace {
+
+// The desk's journal lines written while it runs, with the journal switched on.
+class DiarioCapturado {
+public:
+    DiarioCapturado() {
+        lineas_().clear();
+        QLoggingCategory::setFilterRules(QStringLiteral("tarvimenta.*=true"));
+        anterior_ = qInstallMessageHandler(
+            [](QtMsgType, const QMessageLogContext& c, const QString& texto) {
+                if (c.category != nullptr && QByteArray(c.category).startsWith("tarvimenta.")) {
+                    lineas_().append(texto);
+                }
+            });
+    }
+    ~DiarioCapturado() {
+        qInstallMessageHandler(anterior_);
+        QLoggingCategory::setFilterRules(QStringLiteral("tarvimenta.*=false"));
+    }
+    DiarioCapturado(const DiarioCapturado&) = delete;
+    DiarioCapturado& operator=(const DiarioCapturado&) = delete;
+    static QStringList& lineas_() {
+        static QStringList l;
+        return l;
+    }
+
+private:
+    QtMessageHandler anterior_;
+};
+
+} // namespace
+
+// From the journal alone a person can tell what became of an order and of each ticket copy.
+TEST_F(Respuestas, ElDiarioCuentaElCaminoDeCadaPedido) {
+    const struct {
+        const char* nombre;
+        std::function<void()> responder;
+        QStringList esperadas;
+    } casos[] = {
+        {"aceptado",
+         [&] {
+             pulsar(&nuevo(), "Aceptar");
+             QTest::mouseClick(minutos().AceptarMinutos(3), Qt::LeftButton);
+         },
+         {"pedido 5001 recibido, total", "pedido 5001 en pantalla",
+          "pedido 5001 aceptado, 20 minutos",
+          "pedido 5001 Aceptado : 2 copias para EP \"Mostrador\" (cliente)",
+          "\"Mostrador\" ticket impreso", "\"Mostrador\" ticket impreso"}},
+        {"rechazado sin conexión y después rechazado",
+         [&] {
+             pulsar(&nuevo(), "Rechazar");
+             rechazo().comMotivoRechazo()->setCurrentIndex(1);
+             sim.fallo(QStringLiteral("error"), 0, 1, kRespuesta);
+             pulsar(&rechazo(), "butRechazar");
+             pulsar(&rechazo(), "butRechazar");
+         },
+         {"pedido 5001 recibido, total", "pedido 5001 en pantalla",
+          "pedido 5001 rechazo no tomado por el servicio", "pedido 5001 rechazado: Cerrado por hoy",
+          "pedido 5001 Rechazado : 1 copia para EP \"Mostrador\" (cliente)",
+          "\"Mostrador\" ticket impreso"}},
+    };
+    for (const auto& c : casos) {
+        SCOPED_TRACE(c.nombre);
+        const DiarioCapturado diario;
+        llega(kDomicilio);
+        c.responder();
+        const QStringList& lineas = DiarioCapturado::lineas_();
+        ASSERT_EQ(lineas.size(), c.esperadas.size()) << lineas.join(u'|').toStdString();
+        for (qsizetype i = 0; i < lineas.size(); ++i) {
+            EXPECT_TRUE(lineas[i].startsWith(c.esperadas[i])) << lineas[i].toStdString();
         }
     }
 }
