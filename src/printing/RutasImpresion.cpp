@@ -38,7 +38,7 @@ bool Diferido(const QString& paraDia, bool automatico, bool imprimirEnCocina) {
 
 void ImprimirPedido(ModuloPrincipal& m, const ClassConfigImpresora& imp, int copias) {
     qCInfo(diarioImpresion).noquote()
-        << "pedido" << m.PedidoActual.NumPedido << m.PedidoActual.Estado << ":" << copias
+        << "pedido" << m.PedidoActual.NumPedido << (m.PedidoActual.Estado + u':') << copias
         << (copias == 1 ? "copia para" : "copias para") << imp.TipoImpresion
         << ('"' + imp.NombreImpresora + '"') << (imp.Cocina ? "(cocina)" : "(cliente)");
     if (imp.TipoImpresion == u"DW") {

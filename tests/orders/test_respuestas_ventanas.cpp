@@ -514,7 +514,7 @@ TEST_F(Respuestas, ElDiarioCuentaElCaminoDeCadaPedido) {
          },
          {"pedido 5001 recibido, total", "pedido 5001 en pantalla",
           "pedido 5001 aceptado, 20 minutos",
-          "pedido 5001 Aceptado : 2 copias para EP \"Mostrador\" (cliente)",
+          "pedido 5001 Aceptado: 2 copias para EP \"Mostrador\" (cliente)",
           "\"Mostrador\" ticket impreso", "\"Mostrador\" ticket impreso"}},
         {"rechazado sin conexión y después rechazado",
          [&] {
@@ -526,7 +526,7 @@ TEST_F(Respuestas, ElDiarioCuentaElCaminoDeCadaPedido) {
          },
          {"pedido 5001 recibido, total", "pedido 5001 en pantalla",
           "pedido 5001 rechazo no tomado por el servicio", "pedido 5001 rechazado: Cerrado por hoy",
-          "pedido 5001 Rechazado : 1 copia para EP \"Mostrador\" (cliente)",
+          "pedido 5001 Rechazado: 1 copia para EP \"Mostrador\" (cliente)",
           "\"Mostrador\" ticket impreso"}},
     };
     for (const auto& c : casos) {
