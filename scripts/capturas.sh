@@ -2,8 +2,8 @@
 # Takes the README's pictures of the desk's windows again, so they never go stale: a virtual
 # screen with a window manager, the stand-in service driving the states, the keyboard and
 # the mouse driven by xdotool. Pictures go to docs/ventanas/.
-#   scripts/capturas.sh            (CAPTURAS_PANTALLA=:94 by default; CAPTURAS_SIN_COMPILAR=1
-#                                   to use the build as it is)
+#   scripts/capturas.sh     CAPTURAS_PANTALLA=:94 by default (a screen already running there
+#                           is used as it is); CAPTURAS_SIN_COMPILAR=1 uses the build as it is
 set -euo pipefail
 raiz="$(cd "$(dirname "$0")/.." && pwd)"
 cd "$raiz"
@@ -27,12 +27,15 @@ parar() {
 }
 trap parar EXIT
 
-Xvfb "$pantalla" -screen 0 1280x1024x24 -nolisten tcp >/dev/null 2>&1 &
-pids+=("$!")
 export DISPLAY="$pantalla"
-for _ in $(seq 50); do xdpyinfo >/dev/null 2>&1 && break; sleep 0.1; done
-openbox >/dev/null 2>&1 &
-pids+=("$!")
+# A screen already there (with its window manager) is used as it is.
+if ! xdpyinfo >/dev/null 2>&1; then
+    Xvfb "$pantalla" -screen 0 1280x1024x24 -nolisten tcp >/dev/null 2>&1 &
+    pids+=("$!")
+    for _ in $(seq 50); do xdpyinfo >/dev/null 2>&1 && break; sleep 0.1; done
+    openbox >/dev/null 2>&1 &
+    pids+=("$!")
+fi
 
 coproc SIM { exec "$bin/simulador" --puerto=0 --impresoras-ep="$trabajo/impresoras"; }
 pids+=("$SIM_PID")
@@ -48,17 +51,21 @@ control="http://127.0.0.1:$puerto/__control"
 # The window whose title matches, waited for (bounded).
 ventana() {
     local id=""
-    for _ in $(seq 100); do
+    for _ in $(seq 400); do
         id="$(xdotool search --onlyvisible --name "$1" 2>/dev/null | tail -1)" && [ -n "$id" ] && break
         sleep 0.1
     done
-    [ -n "$id" ] || { echo "capturas: no aparece la ventana «$1»" >&2; return 1; }
+    [ -n "$id" ] || {
+        echo "capturas: no aparece la ventana «$1» (pantalla en $salida/fallo.png)" >&2
+        import -window root "$salida/fallo.png"
+        return 1
+    }
     echo "$id"
 }
 foto() { # foto TITLE FILE
     local id
     id="$(ventana "$1")"
-    xdotool windowactivate --sync "$id" 2>/dev/null || true
+    xdotool windowactivate --sync "$id" >/dev/null 2>&1 || true
     sleep 0.7
     import -window "$id" "$salida/$2"
     echo "capturas: $2"
@@ -67,8 +74,8 @@ teclas() { # teclas TITLE KEY...
     local id
     id="$(ventana "$1")"
     shift
-    xdotool windowactivate --sync "$id" 2>/dev/null || true
-    for k in "$@"; do xdotool key --window "$id" "$k"; sleep 0.3; done
+    xdotool windowactivate --sync "$id" >/dev/null 2>&1 || true
+    for k in "$@"; do xdotool key "$k"; sleep 0.3; done
 }
 pedido() { # queues one generated order of a kind and waits for its window
     curl -s -X POST -d "{\"cantidad\":1,\"semilla\":$2,\"clase\":\"$1\"}" "$control/pedidos" >/dev/null
@@ -77,7 +84,7 @@ pedido() { # queues one generated order of a kind and waits for its window
 menu() { # opens the main window's menu and takes its Nth entry
     local id
     id="$(ventana '^Tarvimenta$')"
-    xdotool windowactivate --sync "$id" 2>/dev/null || true
+    xdotool windowactivate --sync "$id" >/dev/null 2>&1 || true
     xdotool mousemove --window "$id" 20 10 click 1
     sleep 0.5
     for _ in $(seq "$1"); do xdotool key Down; done
@@ -105,11 +112,11 @@ teclas '^¡NUEVO PEDIDO!' Return
 foto '^Aceptar Pedido$' aceptar_minutos.png
 teclas '^Aceptar Pedido$' 2 0 Return
 
-# An order rejected: Tab to Rechazar, Enter, a reason with the arrow, Enter.
+# An order rejected: Tab to Rechazar, Enter, back to the reasons, one with the arrow, Enter.
 sleep 2
 pedido recoger 5
 teclas '^¡NUEVO PEDIDO!' Tab Return
-teclas '^Rechazar' Down
+teclas '^Rechazar' shift+Tab Down
 foto '^Rechazar' rechazar.png
 teclas '^Rechazar' Return
 

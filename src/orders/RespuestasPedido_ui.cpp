@@ -116,7 +116,8 @@ FormProductosRechazarIngredientesPedido& RespuestasPedido::formProductosRechazar
                 [this] { protegido([this] { PulsarHecho(); }); });
         connect(lista_, &FormProductosRechazarIngredientesPedido::cerrarPulsado, this,
                 [this] { protegido([this] { PulsarCerrarLista(); }); });
-        TeclasMostrador(lista_, QStringLiteral("CommandHecho"), QStringLiteral("butCerrar"));
+        TeclasMostrador(lista_, QStringLiteral("CommandHecho"), QStringLiteral("butCerrar"),
+                        QStringLiteral("ListViewProductosNoIngredientes"));
         connect(lista_->ListViewProductosNoIngredientes(), &QTreeWidget::itemChanged, this,
                 [this](QTreeWidgetItem* item, int) {
                     if (MarcarProductoAgotado) {

@@ -29,28 +29,26 @@ void atajo(QWidget* ventana, int tecla, const std::function<void()>& hacer) {
     QObject::connect(s, &QShortcut::activated, ventana, hacer);
 }
 
-// Each time the window comes up, the focus starts on its main button (or on no button), so
+// Each time the window comes up, the focus starts on its first control (or on no button), so
 // Enter never presses what was focused for the previous order.
 class FocoAlMostrar : public QObject {
 public:
-    FocoAlMostrar(QWidget* ventana, QString principal)
-        : QObject(ventana), ventana_(ventana), principal_(std::move(principal)) {
+    FocoAlMostrar(QWidget* ventana, QString inicial)
+        : QObject(ventana), ventana_(ventana), inicial_(std::move(inicial)) {
         ventana->installEventFilter(this);
     }
     bool eventFilter(QObject* objeto, QEvent* e) override {
         if (objeto == ventana_ && e->type() == QEvent::Show) {
-            if (QAbstractButton* b = botonLlamado(ventana_, principal_)) {
-                b->setFocus(Qt::OtherFocusReason);
-            } else {
-                ventana_->setFocus(Qt::OtherFocusReason);
-            }
+            QWidget* control =
+                inicial_.isEmpty() ? nullptr : ventana_->findChild<QWidget*>(inicial_);
+            (control != nullptr ? control : ventana_)->setFocus(Qt::OtherFocusReason);
         }
         return false;
     }
 
 private:
     QWidget* ventana_;
-    QString principal_;
+    QString inicial_;
 };
 
 // The number being typed: a digit that leads to no value starts a new number, and the
@@ -92,9 +90,10 @@ private:
 
 } // namespace
 
-void TeclasMostrador(QWidget* ventana, const QString& principal, const QString& escape) {
+void TeclasMostrador(QWidget* ventana, const QString& principal, const QString& escape,
+                     const QString& inicial) {
     ventana->setFocusPolicy(Qt::StrongFocus); // the window itself may hold the focus
-    new FocoAlMostrar(ventana, principal);
+    new FocoAlMostrar(ventana, inicial.isEmpty() ? principal : inicial);
     auto intro = [ventana, principal] {
         auto* enfocado = qobject_cast<QAbstractButton*>(ventana->focusWidget());
         if (enfocado != nullptr && enfocado->isVisible() && enfocado->isEnabled()) {
