@@ -116,8 +116,21 @@ teclas '^Aceptar Pedido$' 2 0 Return
 sleep 2
 pedido recoger 5
 teclas '^¡NUEVO PEDIDO!' Tab Return
-teclas '^Rechazar' shift+Tab Down
+teclas '^Rechazar' shift+Tab Down Down
 foto '^Rechazar' rechazar.png
+teclas '^Rechazar' Return
+
+# Rejected for want of ingredients: the list of the order's products comes up.
+sleep 2
+pedido domicilio 9
+teclas '^¡NUEVO PEDIDO!' Tab Return
+teclas '^Rechazar' shift+Tab Down
+teclas '^Rechazar' Return
+foto '^Productos Pedido' rechazar_ingredientes.png
+teclas '^Productos Pedido' Escape
+teclas '^Rechazar' Escape
+teclas '^¡NUEVO PEDIDO!' Tab Return
+teclas '^Rechazar' shift+Tab Down Down
 teclas '^Rechazar' Return
 
 # A scheduled order: its own acceptance window.
@@ -131,6 +144,8 @@ teclas '^Aceptar Pedido$' Return
 sleep 3
 "$bin/visor_tickets" --carpeta "$trabajo/impresoras" &
 pids+=("$!")
+ventana '^Tickets impresos$' >/dev/null
+sleep 5 # the driver printer's PDFs get their pictures
 foto '^Tickets impresos$' tickets_impresos.png
 
 # The settings windows, from the menu.

@@ -1,12 +1,16 @@
 // The printers' folder of the demo as the ticket window reads it: which files are tickets,
 // whose they are, and which comes first.
 #include "ListaTickets.h"
-#include "common/ImprimirQString.h"
 #include "VentanaTickets.h"
+#include "common/ImprimirQString.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QPainter>
+#include <QPdfWriter>
 #include <QTemporaryDir>
+#include <QTest>
 #include <gtest/gtest.h>
 
 namespace {
@@ -77,4 +81,26 @@ TEST(ListaTickets, LaVentanaSigueLaCarpetaConUnTope) {
     }
     v.refrescar();
     EXPECT_EQ(v.mostrados(), 40);
+}
+
+// A driver document without its picture gets one, made beside it, and shows it.
+TEST(ListaTickets, UnPdfSinImagenLaRecibe) {
+    QTemporaryDir tmp;
+    const QString pdf = tmp.filePath(QStringLiteral("Impresora_caja-20261123-104502.pdf"));
+    {
+        QPdfWriter escritor(pdf);
+        QPainter p(&escritor);
+        p.drawText(100, 100, QStringLiteral("Ticket"));
+    }
+    VentanaTickets v(tmp.path());
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] {
+            return QFileInfo(tmp.filePath(QStringLiteral("Impresora_caja-20261123-104502.png")))
+                       .size() > 0;
+        },
+        20000));
+    v.refrescar();
+    const QList<TicketEnCarpeta> lista = ListarTickets(tmp.path());
+    ASSERT_EQ(lista.size(), 1);
+    EXPECT_FALSE(lista[0].imagen.isEmpty());
 }

@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QFileSystemWatcher>
 #include <QLabel>
+#include <QProcess>
 #include <QScrollArea>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -59,6 +60,10 @@ QImage VentanaTickets::imagenDe(const TicketEnCarpeta& t) {
     }
     QImage imagen;
     if (t.pdf) {
+        if (t.imagen.isEmpty()) {
+            dibujarPdf(t.archivo);
+            return imagen; // not kept: the picture comes with a later look at the folder
+        }
         imagen.load(t.imagen);
     } else {
         QFile f(t.archivo);
@@ -71,6 +76,22 @@ QImage VentanaTickets::imagenDe(const TicketEnCarpeta& t) {
     }
     dibujos_.insert(t.archivo, {t.cuando, imagen});
     return imagen;
+}
+
+void VentanaTickets::dibujarPdf(const QString& archivo) {
+    if (pdfPedidos_.contains(archivo)) {
+        return;
+    }
+    pdfPedidos_.insert(archivo);
+    // Its first page as a picture beside it, by poppler's tool when there is one.
+    auto* proceso = new QProcess(this);
+    connect(proceso, &QProcess::finished, proceso, &QObject::deleteLater);
+    connect(proceso, &QProcess::errorOccurred, proceso, &QObject::deleteLater);
+    const QString base = archivo.left(archivo.size() - 4);
+    proceso->start(QStringLiteral("pdftoppm"),
+                   {QStringLiteral("-png"), QStringLiteral("-r"), QStringLiteral("110"),
+                    QStringLiteral("-singlefile"), archivo, base});
+    QTimer::singleShot(20000, proceso, &QProcess::kill);
 }
 
 void VentanaTickets::refrescar() {

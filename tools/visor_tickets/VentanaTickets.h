@@ -4,6 +4,7 @@
 
 #include <QHash>
 #include <QImage>
+#include <QSet>
 #include <QWidget>
 
 class QFileSystemWatcher;
@@ -24,6 +25,7 @@ public:
 
 private:
     QImage imagenDe(const TicketEnCarpeta& t);
+    void dibujarPdf(const QString& archivo);
 
     QString carpeta_;
     QLabel* estado_;
@@ -32,4 +34,5 @@ private:
     QTimer* espera_;
     QList<std::pair<QString, QDateTime>> mostrados_;
     QHash<QString, std::pair<QDateTime, QImage>> dibujos_; // by file, redrawn when it changes
+    QSet<QString> pdfPedidos_;                             // PDFs whose picture was asked for
 };
