@@ -13,7 +13,7 @@ PAQUETES=(
     libcpp-httplib-dev nlohmann-json3-dev rapidjson-dev
     googletest libgtest-dev libgmock-dev libbenchmark-dev
     clang libclang-rt-14-dev
-    xvfb x11-apps x11-utils xdotool openbox imagemagick poppler-utils
+    xvfb x11-apps x11-utils openbox xdotool imagemagick poppler-utils
     socat sox libsox-fmt-mp3 lame
     python3 procps time bc curl fonts-dejavu-core
     dpkg-dev desktop-file-utils file

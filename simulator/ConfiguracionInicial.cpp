@@ -2,6 +2,8 @@
 
 #include "GeneradorPedidos.h"
 
+#include <filesystem>
+
 namespace simulador {
 
 namespace {
@@ -72,7 +74,8 @@ std::string Destino(const DestinosImpresoras& destinos, std::size_t indice, cons
         }
         return carpeta + archivo;
     }
-    return archivo;
+    // The desk takes a bare name for a print queue: a file is named by its whole path.
+    return (std::filesystem::current_path() / archivo).string();
 }
 
 // Printer names travel URL-encoded, a blank as "+".

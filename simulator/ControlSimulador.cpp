@@ -195,6 +195,11 @@ Respuesta AtenderControl(ServicioSimulado& servicio, const Peticion& peticion) {
             servicio.PonerCategorias(std::move(categorias));
             return Hecho();
         }
+        if (recurso == "carta" && metodo == "PUT") {
+            return servicio.PonerCarta(cuerpo.value("documento", json()))
+                       ? Hecho()
+                       : Fallo(400, "la carta debe ser un objeto con \"categorias\"");
+        }
         if (recurso == "pedidos" && metodo == "POST") {
             return GenerarPedidos(servicio, cuerpo);
         }

@@ -165,6 +165,17 @@ long Centimos(const std::string& importe) {
 
 } // namespace
 
+std::vector<PlatoDeCarta> PlatosDeCarta() {
+    std::vector<PlatoDeCarta> platos;
+    for (const Plato& p : Carta()) {
+        platos.push_back({p.Id, p.Categoria, p.Nombre, p.Centimos});
+    }
+    for (const Menu& m : Menus()) {
+        platos.push_back({m.Id, m.Categoria, m.Nombre, m.Centimos});
+    }
+    return platos;
+}
+
 std::string TextoImporte(long centimos) {
     const bool negativo = centimos < 0;
     const long valor = negativo ? -centimos : centimos;

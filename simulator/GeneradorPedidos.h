@@ -64,6 +64,16 @@ std::string LineaPedido(const PedidoGenerado& pedido);
 // choose between 1 and 4.
 PedidoGenerado GenerarPedido(std::uint64_t semilla, ClasePedido clase, int productos);
 
+// A product that the generator puts in orders, as the menu of the default establishment
+// lists it.
+struct PlatoDeCarta {
+    long Id = 0;
+    long Categoria = 0;
+    std::string Nombre;
+    long Centimos = 0;
+};
+std::vector<PlatoDeCarta> PlatosDeCarta();
+
 // Cents as the service writes amounts: "12.50", "0.35".
 std::string TextoImporte(long centimos);
 

@@ -237,6 +237,13 @@ Respuesta ServicioSimulado::Normal(const std::string& ruta, const std::string& c
         }
     } else if (ruta == "pedidosgprs/respuestapedidos") {
         r.Cuerpo = Responder(consulta);
+    } else if (ruta == "establecimiento/carta2") {
+        r.Cuerpo = carta_.Carta();
+    } else if (ruta == "pedidosgprs/obtenerProductosAgotados") {
+        r.Cuerpo = carta_.Agotados();
+    } else if (ruta == "pedidosgprs/marcarDesmarcarProductoAgotado") {
+        r.Cuerpo = carta_.Marcar(consulta, CredencialesCorrectas(consulta, true),
+                                 FechaHora(std::chrono::system_clock::now()));
     } else if (ruta == "pedidosgprs/obtenerEstadoPedido") {
         if (const auto* p = Buscar(Parametro(consulta, "idPedidoEst"))) {
             r.Cuerpo = p->Respuestas.empty() ? "#1#" : "#2#";
@@ -534,6 +541,11 @@ std::vector<ServicioSimulado::PedidoGuardado> ServicioSimulado::Pedidos() const 
         todos.push_back(pedido);
     }
     return todos;
+}
+
+bool ServicioSimulado::PonerCarta(const nlohmann::ordered_json& documento) {
+    std::lock_guard bloqueo(mutex_);
+    return carta_.Poner(documento);
 }
 
 } // namespace simulador

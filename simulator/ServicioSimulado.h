@@ -5,6 +5,7 @@
 
 #include "Actualizaciones.h"
 #include "CategoriasSimuladas.h"
+#include "CartaSimulada.h"
 #include "GeneradorPedidos.h"
 #include "Peticiones.h"
 
@@ -80,6 +81,8 @@ public:
     static bool TipoDeFalloValido(const std::string& tipo);
 
     ActualizacionesSimuladas& Actualizaciones() { return actualizaciones_; }
+    // Replaces the menu and its marks; false for a document without categories.
+    bool PonerCarta(const nlohmann::ordered_json& documento);
 
 private:
     long long MsDesdeInicio() const;
@@ -116,6 +119,7 @@ private:
     nlohmann::ordered_json categorias_ = CategoriasPorDefecto();
     long siguientePedido_ = 1001;
     ActualizacionesSimuladas actualizaciones_;
+    CartaSimulada carta_;
 };
 
 } // namespace simulador

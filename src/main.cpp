@@ -4,6 +4,7 @@
 #include "platform/CajaMensajes.h"
 #include "platform/CajaMensajesQt_ui.h"
 #include "platform/DiarioSistema.h"
+#include "platform/EncajeVentanas_ui.h"
 #include "platform/InstanciaUnica.h"
 #include "platform/SenalesTerminacion.h"
 #include "printing/ImpresoraDWQt_ui.h"
@@ -48,6 +49,9 @@ int main(int argc, char** argv) {
     // The name of the installed menu entry, so a desktop groups the windows under its icon.
     QGuiApplication::setDesktopFileName(QStringLiteral("tarvimentapedidos"));
     QApplication::setWindowIcon(IconoAplicacion());
+    // Every window opens whole and centred on its screen, whatever its size and fonts.
+    EncajeVentanas encaje;
+    app.installEventFilter(&encaje);
 
     const LineaComandos linea =
         LineaComandos::Leer(QApplication::arguments(), QProcessEnvironment::systemEnvironment(),

@@ -18,6 +18,7 @@ class CanalHttp;
 class AlertaSonora;
 class CanalEP;
 class ImpresorasDW;
+class Carta;
 
 // The program's one piece of global state: identification, configuration variables,
 // the order record, the printer slots and the flags. The program makes one; each test
@@ -143,6 +144,9 @@ public:
     ClassConfigImpresora& Impresora(int n) { return Impresoras.at(static_cast<size_t>(n - 1)); }
     int ImpresoraActual = 1; // slot being edited in the printer settings
 
+    // The menu, kept for the run with its out-of-stock marks (made on first use).
+    Carta& carta();
+
     // --- the order ---------------------------------------------------------------------
     Pedido PedidoActual;
     QString UltimoIdPedido;
@@ -179,4 +183,5 @@ private:
     std::shared_ptr<AlertaSonora> sonido_;
     mutable std::shared_ptr<CanalEP> canalEP_;
     mutable std::shared_ptr<ImpresorasDW> impresorasDW_;
+    std::shared_ptr<Carta> carta_;
 };

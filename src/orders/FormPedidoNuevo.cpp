@@ -83,7 +83,9 @@ FormPedidoNuevo::~FormPedidoNuevo() = default;
 void FormPedidoNuevo::construir() {
     auto* lista = con_nombre(new QTreeWidget(this), "ListViewProductos");
     PrepararListaInforme(lista);
-    lista->setMinimumHeight(220);
+    // The list takes what the details and the buttons leave of the screen, and scrolls: a
+    // few rows at least, so that a large font on a small screen still shows the answers.
+    lista->setMinimumHeight(90);
 
     auto* rejilla = new QGridLayout;
     rejilla->setHorizontalSpacing(12);

@@ -8,7 +8,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTreeWidget>
 #include <QVBoxLayout>
 
 namespace {
@@ -66,30 +65,4 @@ bool FormRechazarPedido::event(QEvent* e) {
         NombrarSegunEstado(estado_());
     }
     return QWidget::event(e);
-}
-
-FormProductosRechazarIngredientesPedido::FormProductosRechazarIngredientesPedido(QWidget* padre)
-    : QWidget(padre, Qt::Window) {
-    setObjectName(QStringLiteral("FormProductosRechazarIngredientesPedido"));
-    setWindowTitle(QStringLiteral("Productos Pedido - Selección Agotados"));
-    auto* label2 = con_nombre(
-        new QLabel(QStringLiteral("Indique que productos del pedido están agotados por favor:"),
-                   this),
-        "Label2");
-    lista_ = con_nombre(new QTreeWidget(this), "ListViewProductosNoIngredientes");
-    lista_->setRootIsDecorated(false);
-    lista_->setHeaderHidden(true);
-    auto* hecho = con_nombre(new QPushButton(QStringLiteral("Hecho"), this), "CommandHecho");
-    auto* cerrar = con_nombre(new QPushButton(QStringLiteral("Cancelar"), this), "butCerrar");
-    connect(hecho, &QPushButton::clicked, this,
-            &FormProductosRechazarIngredientesPedido::hechoPulsado);
-    connect(cerrar, &QPushButton::clicked, this,
-            &FormProductosRechazarIngredientesPedido::cerrarPulsado);
-    auto* botones = new QHBoxLayout;
-    botones->addWidget(cerrar);
-    botones->addWidget(hecho);
-    auto* columna = new QVBoxLayout(this);
-    columna->addWidget(label2);
-    columna->addWidget(lista_, 1);
-    columna->addLayout(botones);
 }

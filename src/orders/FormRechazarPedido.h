@@ -7,7 +7,6 @@ class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
-class QTreeWidget;
 
 // The reason window of a rejection (new order) or a cancellation (accepted order). It names
 // itself after the state the order has when it is shown.
@@ -42,20 +41,4 @@ private:
     QLabel* infoPago_;
     QPushButton* rechazar_;
     std::function<QString()> estado_;
-};
-
-// The products of the order, to tick those out of stock before rejecting for lack of them.
-class FormProductosRechazarIngredientesPedido : public QWidget {
-    Q_OBJECT
-public:
-    explicit FormProductosRechazarIngredientesPedido(QWidget* padre = nullptr);
-
-    QTreeWidget* ListViewProductosNoIngredientes() const { return lista_; }
-
-Q_SIGNALS:
-    void hechoPulsado();
-    void cerrarPulsado();
-
-private:
-    QTreeWidget* lista_;
 };

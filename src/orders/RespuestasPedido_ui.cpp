@@ -12,6 +12,7 @@
 #include "platform/EjecucionProtegida.h"
 #include "platform/Reloj.h"
 #include "platform/Temporizador.h"
+#include "products/FormProductosRechazarIngredientes.h"
 #include "sound/AlertaSonora.h"
 
 #include <QAbstractButton>
@@ -20,7 +21,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTreeWidget>
 
 namespace rp = respuesta_pedido;
 
@@ -111,22 +111,13 @@ FormRechazarPedido& RespuestasPedido::formRechazarPedido() {
 
 FormProductosRechazarIngredientesPedido& RespuestasPedido::formProductosRechazar() {
     if (lista_ == nullptr) {
-        lista_ = new FormProductosRechazarIngredientesPedido(padre_);
+        lista_ = new FormProductosRechazarIngredientesPedido(m_, padre_);
         connect(lista_, &FormProductosRechazarIngredientesPedido::hechoPulsado, this,
                 [this] { protegido([this] { PulsarHecho(); }); });
         connect(lista_, &FormProductosRechazarIngredientesPedido::cerrarPulsado, this,
                 [this] { protegido([this] { PulsarCerrarLista(); }); });
         TeclasMostrador(lista_, QStringLiteral("CommandHecho"), QStringLiteral("butCerrar"),
                         QStringLiteral("ListViewProductosNoIngredientes"));
-        connect(lista_->ListViewProductosNoIngredientes(), &QTreeWidget::itemChanged, this,
-                [this](QTreeWidgetItem* item, int) {
-                    if (MarcarProductoAgotado) {
-                        protegido([&] {
-                            MarcarProductoAgotado(item->data(0, Qt::UserRole).toInt(),
-                                                  item->checkState(0) == Qt::Checked);
-                        });
-                    }
-                });
     }
     return *lista_;
 }
@@ -245,22 +236,10 @@ void RespuestasPedido::PulsarRechazarMotivo() {
         CancelarPedido();
         return;
     }
-    cargarListaProductos();
+    formProductosRechazar().CargarListaProductos();
     v.hide();
     Mostrar(&formProductosRechazar());
     nuevo_.SilenciarPedidoNuevo();
-}
-
-void RespuestasPedido::cargarListaProductos() {
-    QTreeWidget* lista = formProductosRechazar().ListViewProductosNoIngredientes();
-    const QSignalBlocker bloqueo(lista);
-    lista->clear();
-    for (const ProductoPedido& p : m_.PedidoActual.Productos) {
-        auto* item = new QTreeWidgetItem(lista, {p.Nombre});
-        item->setData(0, Qt::UserRole, p.IdProducto);
-        item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
-        item->setCheckState(0, Qt::Unchecked);
-    }
 }
 
 void RespuestasPedido::PulsarCancelarRechazar() {

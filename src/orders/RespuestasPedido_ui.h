@@ -55,8 +55,6 @@ public:
     void PulsarCerrarLista();
 
     // Plug points of later work; while unset they do nothing.
-    // Marks one product of the order out of stock (ticking it in the list window).
-    std::function<void(int idProducto, bool agotado)> MarcarProductoAgotado;
     // Prints the cancellation notice of an accepted order.
     std::function<void()> ImprimirCancelacion;
     // Answers a waiting customer message with `texto`.
@@ -65,7 +63,6 @@ public:
 private:
     void protegido(const std::function<void()>& manejador);
     void responderConMinutos(QWidget* ventana, bool& respondiendo, const QString& minutos);
-    void cargarListaProductos();
 
     ModuloPrincipal& m_;
     FormPedidoNuevo& nuevo_;

@@ -5,6 +5,7 @@
 #include "orders/VistaPedido.h"
 #include "platform/Controles_ui.h"
 
+#include <QFontMetrics>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLayout>
@@ -90,6 +91,20 @@ void rellenarProductos(ModuloPrincipal& m, QWidget* ventana) {
         items.append(item);
     }
     lista->addTopLevelItems(items); // the list owns them
+    // Units and prices are never cut: when a large font leaves them no room, their columns
+    // widen to what they and their headings hold.
+    const QFontMetrics fm(lista->font());
+    const int holgura = fm.horizontalAdvance(QLatin1Char('0'));
+    for (const int columna : {1, 3}) {
+        int necesario = 0;
+        for (const QTreeWidgetItem* item : items) {
+            necesario = std::max(necesario, fm.horizontalAdvance(item->text(columna)) + holgura);
+        }
+        if (lista->columnWidth(columna) < necesario) {
+            lista->setColumnWidth(columna,
+                                  std::max(necesario, lista->header()->sectionSizeHint(columna)));
+        }
+    }
 }
 
 // Every control that shows a value of an order, emptied before the next order is painted: a

@@ -12,19 +12,57 @@ namespace accesos {
 
 namespace {
 const QString kNombre = QStringLiteral("TarvimentaPedidos");
+
+QString carpetaConfiguracion(const QProcessEnvironment& entorno) {
+    const QString config = entorno.value(QStringLiteral("XDG_CONFIG_HOME"));
+    return config.isEmpty() ? entorno.value(QStringLiteral("HOME")) + QStringLiteral("/.config")
+                            : config;
+}
+
+// One line of user-dirs.dirs: XDG_DESKTOP_DIR="$HOME/Escritorio" or an absolute path.
+QString leerLineaEscritorio(const QString& linea, const QString& home) {
+    static const QString clave = QStringLiteral("XDG_DESKTOP_DIR=");
+    const QString t = linea.trimmed();
+    if (!t.startsWith(clave)) {
+        return {};
+    }
+    QString valor = t.mid(clave.size());
+    if (valor.size() >= 2 && valor.startsWith(u'"') && valor.endsWith(u'"')) {
+        valor = valor.mid(1, valor.size() - 2);
+    }
+    if (valor.startsWith(QStringLiteral("$HOME"))) {
+        valor = home + valor.mid(5);
+    }
+    // Only "$HOME/..." and absolute paths are valid; "$HOME/" alone means no desktop folder.
+    if (!valor.startsWith(u'/') || QDir::cleanPath(valor) == QDir::cleanPath(home)) {
+        return {};
+    }
+    return QDir::cleanPath(valor);
+}
+
+} // namespace
+
+QString CarpetaEscritorio(const QProcessEnvironment& entorno) {
+    const QString home = entorno.value(QStringLiteral("HOME"));
+    QFile dirs(carpetaConfiguracion(entorno) + QStringLiteral("/user-dirs.dirs"));
+    QString carpeta;
+    if (dirs.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        while (!dirs.atEnd()) {
+            const QString leida = leerLineaEscritorio(QString::fromUtf8(dirs.readLine()), home);
+            if (!leida.isEmpty()) {
+                carpeta = leida; // the last one counts, as when the file is sourced
+            }
+        }
+    }
+    return carpeta.isEmpty() ? home + QStringLiteral("/Desktop") : carpeta;
 }
 
 Rutas CalcularRutas(const QProcessEnvironment& entorno) {
-    const QString home = entorno.value(QStringLiteral("HOME"));
-    QString config = entorno.value(QStringLiteral("XDG_CONFIG_HOME"));
-    if (config.isEmpty()) {
-        config = home + QStringLiteral("/.config");
-    }
     Rutas r;
-    r.escritorio = home + QStringLiteral("/Desktop/") + kNombre + QStringLiteral(".desktop");
-    r.carpetaInicio = config + QStringLiteral("/autostart");
+    r.carpetaEscritorio = CarpetaEscritorio(entorno);
+    r.escritorio = r.carpetaEscritorio + QLatin1Char('/') + kNombre + QStringLiteral(".desktop");
+    r.carpetaInicio = carpetaConfiguracion(entorno) + QStringLiteral("/autostart");
     r.inicio = r.carpetaInicio + QLatin1Char('/') + kNombre + QStringLiteral(".desktop");
-    r.registro = config + QLatin1Char('/') + kNombre + QStringLiteral("/inicio");
     return r;
 }
 
@@ -39,6 +77,8 @@ void PrepararRutas(ModuloPrincipal& m, const QProcessEnvironment& entorno) {
 namespace {
 
 void escribir(const QString& ruta, const QByteArray& contenido) {
+    // A fresh account may not have the folder yet.
+    QDir().mkpath(QFileInfo(ruta).absolutePath());
     QSaveFile f(ruta);
     if (!f.open(QIODevice::WriteOnly) || f.write(contenido) != contenido.size() || !f.commit()) {
         constexpr int kRutaNoEncontrada = 76;
@@ -64,39 +104,42 @@ QString comillas(QString ruta) {
     return QLatin1Char('"') + ruta + QLatin1Char('"');
 }
 
-} // namespace
-
-void CrearAccesoEscritorio(ModuloPrincipal& m, const QProcessEnvironment& entorno) {
+QByteArray entrada(const ModuloPrincipal& m) {
     const QString destino = m.CarpetaAplicacion + QStringLiteral("/TarvimentaPedidos");
     const QString contenido = QStringLiteral("[Desktop Entry]\nType=Application\n"
                                              "Name=TarvimentaPedidos\nExec=") +
                               comillas(destino) + QLatin1Char('\n');
-    escribir(rutaEscritorio(m, entorno), contenido.toUtf8());
+    return contenido.toUtf8();
+}
+
+} // namespace
+
+void CrearAccesoEscritorio(ModuloPrincipal& m, const QProcessEnvironment& entorno) {
+    escribir(rutaEscritorio(m, entorno), entrada(m));
 }
 
 void AgregarInicioWindows(ModuloPrincipal& m, const QProcessEnvironment& entorno) {
     const accesos::Rutas r = accesos::CalcularRutas(entorno);
+    const QString inicio = m.RutaAccesoInicio.isEmpty() ? r.inicio : m.RutaAccesoInicio;
     try {
-        if (QFileInfo(r.carpetaInicio).isDir()) {
-            const QString escritorio = rutaEscritorio(m, entorno);
-            if (!QFileInfo::exists(escritorio)) {
+        const QString escritorio = rutaEscritorio(m, entorno);
+        if (!QFileInfo::exists(escritorio)) {
+            try {
                 CrearAccesoEscritorio(m, entorno);
+            } catch (const ErrorEjecucion& e) {
+                // No desktop entry: the desk still starts with the session.
+                Q_EMIT m.textoInfo(e.descripcion());
+                escribir(inicio, entrada(m));
+                return;
             }
-            const QString inicio = m.RutaAccesoInicio.isEmpty() ? r.inicio : m.RutaAccesoInicio;
-            // A copy replaces whatever is there.
-            QFile::remove(inicio);
-            if (!QFile::copy(escritorio, inicio)) {
-                throw ErrorEjecucion(QFileInfo::exists(escritorio)
-                                         ? ErrorEjecucion::PermisoDenegado
-                                         : ErrorEjecucion::ArchivoNoEncontrado);
-            }
-        } else {
-            // The fallback line names the running file.
-            if (!QDir().mkpath(QFileInfo(r.registro).absolutePath())) {
-                throw ErrorEjecucion(ErrorEjecucion::PermisoDenegado);
-            }
-            escribir(r.registro,
-                     (m.CarpetaAplicacion + QLatin1Char('/') + m.NombreEjecutable + '\n').toUtf8());
+        }
+        QDir().mkpath(QFileInfo(inicio).absolutePath());
+        // A copy replaces whatever is there.
+        QFile::remove(inicio);
+        if (!QFile::copy(escritorio, inicio)) {
+            throw ErrorEjecucion(QFileInfo::exists(escritorio)
+                                     ? ErrorEjecucion::PermisoDenegado
+                                     : ErrorEjecucion::ArchivoNoEncontrado);
         }
     } catch (const ErrorEjecucion& e) {
         Q_EMIT m.textoInfo(e.descripcion());
@@ -105,17 +148,8 @@ void AgregarInicioWindows(ModuloPrincipal& m, const QProcessEnvironment& entorno
 
 void QuitarInicioWindows(ModuloPrincipal& m, const QProcessEnvironment& entorno) {
     const accesos::Rutas r = accesos::CalcularRutas(entorno);
-    if (QFileInfo(r.carpetaInicio).isDir()) {
-        const QString inicio = m.RutaAccesoInicio.isEmpty() ? r.inicio : m.RutaAccesoInicio;
-        if (QFileInfo::exists(inicio)) {
-            QFile::remove(inicio);
-        }
-        return;
-    }
-    // Errors ignored: a missing line is nothing to remove.
-    QFile f(r.registro);
-    if (f.open(QIODevice::ReadOnly) && !f.readAll().trimmed().isEmpty()) {
-        f.close();
-        QFile::remove(r.registro);
+    const QString inicio = m.RutaAccesoInicio.isEmpty() ? r.inicio : m.RutaAccesoInicio;
+    if (QFileInfo::exists(inicio)) {
+        QFile::remove(inicio);
     }
 }

@@ -6,20 +6,24 @@
 class ModuloPrincipal;
 
 // The desk's place in the user's session: an entry on the desktop and an entry that
-// starts the desk with the session (XDG desktop entries). The autostart folder is the
-// session's start-up folder; where it does not exist the desk keeps a line of its own
-// under its configuration folder instead, naming the running file. Failures go to
-// LabelInfo (ModuloPrincipal::textoInfo) and the desk goes on.
+// starts the desk with the session (XDG desktop entries). The desktop is the user's own
+// desktop folder, whatever its name in the session's language; the autostart folder is
+// made when the account has none yet. Failures go to LabelInfo
+// (ModuloPrincipal::textoInfo) and the desk goes on.
 namespace accesos {
 
 struct Rutas {
-    QString escritorio;    // $HOME/Desktop/TarvimentaPedidos.desktop
-    QString inicio;        // $XDG_CONFIG_HOME/autostart/TarvimentaPedidos.desktop
-    QString carpetaInicio; // the autostart folder
-    QString registro;      // $XDG_CONFIG_HOME/TarvimentaPedidos/inicio: the fallback line
+    QString carpetaEscritorio; // the user's desktop folder
+    QString escritorio;        // carpetaEscritorio/TarvimentaPedidos.desktop
+    QString carpetaInicio;     // $XDG_CONFIG_HOME/autostart
+    QString inicio;            // carpetaInicio/TarvimentaPedidos.desktop
 };
 
-// XDG_CONFIG_HOME defaults to $HOME/.config.
+// The desktop folder as the session names it: XDG_DESKTOP_DIR of
+// $XDG_CONFIG_HOME/user-dirs.dirs ("$HOME/Escritorio" on a Spanish desktop), else
+// $HOME/Desktop. XDG_CONFIG_HOME defaults to $HOME/.config.
+QString CarpetaEscritorio(const QProcessEnvironment& entorno);
+
 Rutas CalcularRutas(const QProcessEnvironment& entorno);
 
 // Puts the two paths into the module (RutaAccesoEscritorio, RutaAccesoInicio).
@@ -32,7 +36,8 @@ void PrepararRutas(ModuloPrincipal& m, const QProcessEnvironment& entorno);
 void CrearAccesoEscritorio(ModuloPrincipal& m, const QProcessEnvironment& entorno =
                                                    QProcessEnvironment::systemEnvironment());
 // Makes the desk start with the session: a copy of the desktop entry in the autostart
-// folder (the desktop entry is made first when missing), or else the fallback line.
+// folder (the desktop entry is made first when missing). A desktop entry that cannot be
+// made is reported, and the start-up entry is written all the same.
 void AgregarInicioWindows(ModuloPrincipal& m, const QProcessEnvironment& entorno =
                                                   QProcessEnvironment::systemEnvironment());
 // Undoes it; the desktop entry stays.

@@ -3,13 +3,14 @@
 
 #include "base/ErrorEjecucion.h"
 #include "base/ModuloPrincipal.h"
+#include "platform/ColasSistema.h"
 #include "printing/ConexionEP.h"
 
 #include <QDeadlineTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QSerialPort>
 #include <QTcpSocket>
-#include <cups/cups.h>
 
 namespace {
 
@@ -25,8 +26,15 @@ constexpr int kEsperaEscrituraMs = 15000;
 
 class DestinoFichero : public DestinoEP {
 public:
-    explicit DestinoFichero(const QString& ruta) : fichero_(ruta) {
-        if (!fichero_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
+    // A device is opened only where it exists: writing to a missing one must not leave a
+    // plain file in its place.
+    DestinoFichero(const QString& ruta, bool soloExistente) : fichero_(ruta) {
+        QIODevice::OpenMode modo =
+            QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered;
+        if (soloExistente) {
+            modo |= QIODevice::ExistingOnly;
+        }
+        if (!fichero_.open(modo)) {
             noEncontrado();
         }
     }
@@ -140,35 +148,27 @@ private:
 // so that a ticket that failed half-way never reaches the queue.
 class DestinoCola : public DestinoEP {
 public:
-    explicit DestinoCola(const QString& cola) : cola_(cola.toUtf8()) {
-        cups_dest_t* destino = cupsGetNamedDest(CUPS_HTTP_DEFAULT, cola_.constData(), nullptr);
-        if (destino == nullptr) {
+    explicit DestinoCola(const QString& cola) : cola_(cola) {
+        if (!ExisteColaSistema(cola_)) {
             noEncontrado();
         }
-        cupsFreeDests(1, destino);
     }
     void escribir(const QByteArray& b) override { datos_.append(b); }
     void cerrar() override {
-        const int trabajo =
-            cupsCreateJob(CUPS_HTTP_DEFAULT, cola_.constData(), "Ticket", 0, nullptr);
-        if (trabajo <= 0) {
+        switch (EnviarTrabajoCrudo(cola_, datos_, QStringLiteral("Ticket"))) {
+        case ResultadoTrabajoCrudo::Hecho:
+            return;
+        case ResultadoTrabajoCrudo::SinCola:
             noEncontrado();
+        case ResultadoTrabajoCrudo::Fallo:
+            break;
         }
-        bool ok = cupsStartDocument(CUPS_HTTP_DEFAULT, cola_.constData(), trabajo, "Ticket",
-                                    CUPS_FORMAT_RAW, 1) == HTTP_STATUS_CONTINUE;
-        ok = ok && cupsWriteRequestData(CUPS_HTTP_DEFAULT, datos_.constData(),
-                                        static_cast<size_t>(datos_.size())) == HTTP_STATUS_CONTINUE;
-        const bool terminado =
-            cupsFinishDocument(CUPS_HTTP_DEFAULT, cola_.constData()) == IPP_STATUS_OK;
-        if (!ok || !terminado) {
-            cupsCancelJob(cola_.constData(), trabajo);
-            errorES();
-        }
+        errorES();
     }
     void abortar() noexcept override { datos_.clear(); }
 
 private:
-    QByteArray cola_;
+    QString cola_;
     QByteArray datos_;
 };
 
@@ -183,13 +183,19 @@ std::unique_ptr<DestinoEP> AbrirDestinoEP(const QString& conexion) {
         return std::make_unique<DestinoTcp>(c);
     case ConexionEP::Tipo::Cola:
         return std::make_unique<DestinoCola>(c.ruta);
+    case ConexionEP::Tipo::Dispositivo:
+        for (const QString& ruta : c.alternativas) {
+            if (!QFileInfo::exists(c.ruta) && QFileInfo::exists(ruta)) {
+                return std::make_unique<DestinoFichero>(ruta, true);
+            }
+        }
+        return std::make_unique<DestinoFichero>(c.ruta, true);
     case ConexionEP::Tipo::Fichero:
+        return std::make_unique<DestinoFichero>(c.ruta, false);
+    case ConexionEP::Tipo::Ninguna:
         break;
     }
-    if (c.ruta.isEmpty()) {
-        noEncontrado();
-    }
-    return std::make_unique<DestinoFichero>(c.ruta);
+    noEncontrado();
 }
 
 CanalEP::CanalEP() : abridor_(AbrirDestinoEP) {}

@@ -1,14 +1,11 @@
 #pragma once
 
+#include "platform/ColasSistema.h"
+
 #include <QString>
 #include <functional>
 
 class ModuloPrincipal;
-
-// Cancels the jobs waiting in the local print queues. Every call to the print system is
-// bounded by `limiteMs`. Returns the number of jobs cancelled, or -1 when the print system
-// could not be reached.
-int CancelarTrabajosPendientes(int limiteMs = 5000);
 
 // "¿Esta seguro que desea limpiar las colas de impresión?"
 QString TextoPreguntaLimpiarColas();

@@ -54,9 +54,27 @@ ConexionEP AnalizarConexionEP(const QString& texto) {
         c.ruta = QStringLiteral("/dev/ttyS%1").arg(n - 1);
         if (n < 1) {
             c.ajustesValidos = false;
-        } else if (m.hasCaptured(2)) {
+        } else if (!m.captured(2).isEmpty()) {
             c.ajustesValidos = leerAjustes(m.captured(2), c);
         }
+        return c;
+    }
+
+    // Parallel and USB line printers, as the other system names them.
+    static const QRegularExpression lpt(QStringLiteral("^lpt(\\d+):?$"),
+                                        QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression usb(QStringLiteral("^usb(\\d+):?$"),
+                                        QRegularExpression::CaseInsensitiveOption);
+    if (const auto m = lpt.match(t); m.hasMatch() && m.captured(1).toInt() >= 1) {
+        const int n = m.captured(1).toInt() - 1;
+        c.tipo = ConexionEP::Tipo::Dispositivo;
+        c.ruta = QStringLiteral("/dev/lp%1").arg(n);
+        c.alternativas = {QStringLiteral("/dev/usb/lp%1").arg(n)};
+        return c;
+    }
+    if (const auto m = usb.match(t); m.hasMatch() && m.captured(1).toInt() >= 1) {
+        c.tipo = ConexionEP::Tipo::Dispositivo;
+        c.ruta = QStringLiteral("/dev/usb/lp%1").arg(m.captured(1).toInt() - 1);
         return c;
     }
 
@@ -90,7 +108,25 @@ ConexionEP AnalizarConexionEP(const QString& texto) {
         }
     }
 
-    c.tipo = ConexionEP::Tipo::Fichero;
-    c.ruta = texto;
+    if (t.startsWith(QStringLiteral("/dev/"))) {
+        c.tipo = ConexionEP::Tipo::Dispositivo;
+        c.ruta = t;
+        return c;
+    }
+    if (texto.startsWith(u'/')) {
+        c.tipo = ConexionEP::Tipo::Fichero;
+        c.ruta = texto;
+        return c;
+    }
+    // A queue name as the print system takes it: printable, no blank, slash or "#"; a colon
+    // belongs to the port forms above.
+    static const QRegularExpression nombreCola(QStringLiteral("^[!-~]{1,127}$"));
+    if (nombreCola.match(t).hasMatch() && !t.contains(u'/') && !t.contains(u'\\') &&
+        !t.contains(u'#') && !t.contains(u':')) {
+        c.tipo = ConexionEP::Tipo::Cola;
+        c.ruta = t;
+        return c;
+    }
+    c.tipo = ConexionEP::Tipo::Ninguna;
     return c;
 }

@@ -3,6 +3,8 @@
 #include "base/ErrorEjecucion.h"
 
 #include <QFileInfo>
+#include <QFont>
+#include <QFontInfo>
 #include <QFontMetricsF>
 #include <QPageLayout>
 #include <QPageSize>
@@ -12,7 +14,23 @@
 namespace {
 constexpr double TwipsPorPulgada = 1440.0;
 constexpr int ErrorImpresora = 482;
+// Installed with the desk (fonts-dejavu-core); the style hint finds another one without it.
+const QString kFuenteMonoespaciada = QStringLiteral("DejaVu Sans Mono");
 } // namespace
+
+QFont FuenteTicketDW(const QString& familia, double puntos) {
+    QFont fuente(familia);
+    fuente.setPointSizeF(puntos > 0 ? puntos : 1.0);
+    const QFontInfo hallada(fuente);
+    if (hallada.family().compare(familia, Qt::CaseInsensitive) == 0 && hallada.fixedPitch()) {
+        return fuente;
+    }
+    QFont mono(kFuenteMonoespaciada);
+    mono.setStyleHint(QFont::Monospace);
+    mono.setFixedPitch(true);
+    mono.setPointSizeF(fuente.pointSizeF());
+    return mono;
+}
 
 ImpresoraDWQt::ImpresoraDWQt() : printer_(std::make_unique<QPrinter>(QPrinter::HighResolution)) {}
 
@@ -60,8 +78,7 @@ void ImpresoraDWQt::empezar() {
 
 void ImpresoraDWQt::Imprimir(const QString& texto) {
     empezar();
-    QFont fuente(fuente_);
-    fuente.setPointSizeF(tamanno_ > 0 ? tamanno_ : 1.0);
+    const QFont fuente = FuenteTicketDW(fuente_, tamanno_);
     painter_.setFont(fuente);
     painter_.setPen(Qt::black);
     const QFontMetricsF metricas(fuente, printer_.get());

@@ -6,7 +6,14 @@
 #include <QSizeF>
 #include <memory>
 
+class QFont;
 class QPrinter;
+
+// The face a driver ticket is drawn in. Tickets line up prices and totals with blanks, so the
+// face must give every character the same width: when the configured one is missing (the
+// default "Lucida Console" on a machine without it) or proportional, the desk's monospace
+// face stands in for it.
+QFont FuenteTicketDW(const QString& familia, double puntos);
 
 // A driver printer over QPrinter: a system printer (the print system's queue) or a PDF file.
 // Positions are in twips from the printable area's corner, moved by ScaleLeft/ScaleTop. The

@@ -124,13 +124,22 @@ QString Pasarela::LeerUrlInet2(const QString& url) {
 
 QByteArray Pasarela::codificarUrl(const QString& url) {
     static const char kHex[] = "0123456789ABCDEF";
+    const auto esHex = [](char c) {
+        return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f');
+    };
     const QByteArray bytes = cp1252::aBytes(url);
     QByteArray r;
     r.reserve(bytes.size() + 16);
-    for (const char ch : bytes) {
+    for (qsizetype i = 0; i < bytes.size(); ++i) {
+        const char ch = bytes[i];
         const auto b = static_cast<unsigned char>(ch);
+        // "#" would end the request at a fragment; a "%" that starts no escape would be read
+        // as one or rewritten. An escape already made by the query's builder goes as it is.
+        const bool escapeHecho =
+            b == '%' && i + 2 < bytes.size() && esHex(bytes[i + 1]) && esHex(bytes[i + 2]);
         const bool crudo = b > 0x20 && b < 0x7F && b != '"' && b != '<' && b != '>' && b != '\\' &&
-                           b != '^' && b != '`' && b != '{' && b != '|' && b != '}';
+                           b != '^' && b != '`' && b != '{' && b != '|' && b != '}' && b != '#' &&
+                           (b != '%' || escapeHecho);
         if (crudo) {
             r.append(ch);
         } else {

@@ -31,8 +31,9 @@ namespace {
 // What a raw printer's connection may be, shown under the field.
 const QString kAyudaConexion = QStringLiteral(
     "Formas: equipo:puerto (impresora de red, p. ej. 192.168.1.50:9100), COMn[:9600,n,8,1] "
-    "(puerto serie), ruta de dispositivo (/dev/usb/lp0), nombre de una cola de impresión del "
-    "sistema, LPTn (puerto paralelo).");
+    "(puerto serie), LPTn (puerto paralelo o USB), USBnnn (USB001 es /dev/usb/lp0), nombre "
+    "de una cola de impresión del sistema o \\\\equipo\\cola, ruta de dispositivo "
+    "(/dev/usb/lp0) o ruta completa de un fichero (/home/...).");
 
 template <typename T>
 T* control(QWidget* padre, const char* nombre, int slot, const QString& texto = {}) {

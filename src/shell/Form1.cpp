@@ -18,10 +18,12 @@
 #include "platform/Temporizador.h"
 #include "platform/Volcado_ui.h"
 #include "printing/ColasImpresion.h"
+#include "products/ListaProductos_ui.h"
 #include "server/Configuracion.h"
 #include "settings/FormAdmin.h"
 #include "settings/FormConfig.h"
 #include "settings/FormImpresoras.h"
+#include "shell/CierreEstablecimiento.h"
 #include "shell/Logotipo_ui.h"
 #include "sound/AlertaSonora.h"
 #include "sound/ReproductoresQt_ui.h"
@@ -47,9 +49,7 @@
 
 namespace {
 
-const QString kHayPendiente = QStringLiteral(
-    "Hay un pedido o mensaje sin responder, por favor, atienda el pedido/mensaje y luego "
-    "cierre el programa si lo desea.");
+const QString kHayPendiente = cierre::HayPendiente;
 const QString kSeguroCerrar = QStringLiteral(
     "¿Está seguro que desea cerrar el programa? Si lo que desea es NO RECIBIR MÁS PEDIDOS POR "
     "UN TIEMPO, por favor, responda No y utilice el botón Cerrar Temporalmente de la pantalla "
@@ -120,6 +120,7 @@ Form1::Form1(ModuloPrincipal& m, QStringList palabras, QWidget* padre)
     connect(&m_, &ModuloPrincipal::conexionPerdida, this, &Form1::conexionPerdida);
     connect(&m_, &ModuloPrincipal::textoInfo, labelInfo_, &QLabel::setText);
     connect(&m_, &ModuloPrincipal::modoCambiado, this, &Form1::mostrarModo);
+    conectarProductos();
 
     alTurnoDelCamino(timerPrimeraConfig_, [this] { RefrescarConfiguracion(); });
     alTurnoDelCamino(timerPedidos_, [this] {
@@ -176,11 +177,7 @@ void Form1::construirControles() {
     auto* butAgotados = crear<QPushButton>(central, "CommandProductosSinIngredientes",
                                            QStringLiteral("Marcar Prod. Agotados"));
     auto* label1 = crear<QLabel>(central, "Label1", QStringLiteral("Productos Agotados:"));
-    listaAgotados_ = crear<QTreeWidget>(central, "ListViewProductosNoIngredientes");
-    // Load only fixes how the list looks: one column of check boxes, no header.
-    listaAgotados_->setHeaderHidden(true);
-    listaAgotados_->setColumnCount(1);
-    listaAgotados_->setRootIsDecorated(false);
+    listaAgotados_ = new ListaProductos(m_, QStringLiteral("Precio"), central);
     listaAgotados_->setMinimumHeight(140);
 
     auto* picture1 = crear<QLabel>(central, "Picture1");
@@ -376,13 +373,14 @@ void Form1::Activate() {
         }
     }
     if (!m_.PedidoNuevoPendiente) {
+        ObtenerProductosAgotados();
         // Read again: the calls above may have yielded to the event queue.
         if (!m_.PedidoNuevoPendiente && !m_.MensajeNuevoPendiente && CaminoLibre(m_) &&
             (!yaIniciado || m_.ComprobarPedidoTrasAceptar)) {
             ComprobarPedidosNuevos();
         }
     }
-    MarcandoProducto = false;
+    listaAgotados_->MarcandoProducto = false;
 }
 
 void Form1::IniciarPrograma() {
@@ -465,7 +463,6 @@ void Form1::RellenarMotivosRechazo() {
 }
 
 // Where later windows and modules plug in; nothing of theirs exists yet.
-void Form1::CargarCarta() {}
 void Form1::ComprobarActualizacionAutomatica() {
     actualizador_->ComprobarActualizacion(false);
 }

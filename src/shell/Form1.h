@@ -10,7 +10,9 @@ class Temporizador;
 class QLineEdit;
 class QLabel;
 class QPushButton;
-class QTreeWidget;
+class ListaProductos;
+class FormCerrarEstablec;
+class FormProductosRechazarIngredientes;
 class QAction;
 class QMenu;
 class FormPedidoNuevo;
@@ -37,6 +39,14 @@ public:
     bool RefrescarConfiguracion();
     void AplicarConfiguracion();
     void ComprobarPedidosNuevos();
+    // The product and closing windows, made on first use.
+    FormProductosRechazarIngredientes& formProductos();
+    FormCerrarEstablec& formCerrarEstablec();
+    // Closing for a while (a button of the closing window) and opening again.
+    void CerrarTemporalmente(int indice);
+    void CancelarCerrar();
+    void ObtenerProductosAgotados();
+    ListaProductos& listaAgotados() { return *listaAgotados_; }
     // The login window, made on first use and hidden rather than closed.
     FormAdmin& AbrirAdmin();
     // The general and the printer settings, made on first use and hidden rather than closed.
@@ -73,7 +83,6 @@ public:
     // Whether the sound was started by hand from the Musica entry.
     bool musicaSonando() const;
     QDateTime UltimaLecturaConfig; // the zero date until the first periodic reading
-    bool MarcandoProducto = false;
 
 protected:
     bool event(QEvent* e) override;
@@ -98,6 +107,7 @@ private:
     void RellenarMotivosRechazo();
     void AplicarAVentanasDePedido();
     void CargarCarta();
+    void conectarProductos();
     void ComprobarActualizacionAutomatica();
 
     ModuloPrincipal& m_;
@@ -119,7 +129,9 @@ private:
     QLabel* labelInfo_ = nullptr;
     QPushButton* butCerrar_ = nullptr;
     QPushButton* butCancelarCerrar_ = nullptr;
-    QTreeWidget* listaAgotados_ = nullptr;
+    ListaProductos* listaAgotados_ = nullptr;
+    FormCerrarEstablec* formCerrar_ = nullptr;
+    FormProductosRechazarIngredientes* formProductos_ = nullptr;
     QMenu* menu_ = nullptr;
     QAction* accionMusica_ = nullptr;
     FormPedidoNuevo* formPedidoNuevo_ = nullptr;

@@ -15,6 +15,7 @@
 #include <QFile>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -241,5 +242,13 @@ TEST(DeskReal, ConElServicioCaidoPreguntaCadaTresSegundosHastaLaPrimeraLecturaBu
     // The retry has stopped: no reading for well over its three seconds.
     QTest::qWait(3500);
     EXPECT_EQ(De(sim.registro(), ruta, QStringLiteral("http")).size(), 4);
+    // The good reading was applied, and the menu read once, right after it.
+    const auto cartas = De(sim.registro(), QStringLiteral("establecimiento/carta2"));
+    ASSERT_EQ(cartas.size(), 1);
+    EXPECT_GE(cartas[0].n, lecturas[3].n);
+    EXPECT_TRUE(QRegularExpression(QStringLiteral("^id=7&fha=\\d{13,14}$"))
+                    .match(cartas[0].consulta)
+                    .hasMatch())
+        << cartas[0].consulta.toStdString();
     EXPECT_TRUE(desk.cajas().isEmpty());
 }

@@ -39,12 +39,18 @@ TEST(Escritorio, PrimerArranqueConCarpetaVaciaSondeaUnaVezYEspera) {
         10000));
     // Nothing else leaves: no timer polls before the establishment is configured.
     QTest::qWait(4000);
+    // The activation reads what is out of stock first (the https attempt moves the run to
+    // http), then polls once.
     const auto registro = sim.registro();
-    ASSERT_EQ(registro.size(), 2);
+    ASSERT_EQ(registro.size(), 3);
     EXPECT_EQ(registro[0].esquema, QStringLiteral("https"));
     EXPECT_EQ(registro[1].esquema, QStringLiteral("http"));
-    EXPECT_EQ(registro[1].ruta, QStringLiteral("pedidosgprs/pedidosnuevos"));
-    QString consulta = registro[1].consulta;
+    EXPECT_EQ(registro[1].ruta, QStringLiteral("pedidosgprs/obtenerProductosAgotados"));
+    QString agotados = registro[1].consulta;
+    EXPECT_TRUE(kSello.match(agotados).hasMatch()) << agotados.toStdString();
+    EXPECT_EQ(agotados.remove(kSello), QStringLiteral("idEstablecimiento=0"));
+    EXPECT_EQ(registro[2].ruta, QStringLiteral("pedidosgprs/pedidosnuevos"));
+    QString consulta = registro[2].consulta;
     EXPECT_TRUE(kSello.match(consulta).hasMatch()) << consulta.toStdString();
     consulta.remove(kSello);
     EXPECT_EQ(consulta, QStringLiteral("restid=0&password=&numconfig=1&modeloImpresora=3"

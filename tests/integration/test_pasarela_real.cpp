@@ -1,10 +1,12 @@
 // The main window's gateway, with its real HTTP channels, against the stand-in service.
 #include "base/ModuloPrincipal.h"
+#include "base/Windows1252.h"
 #include "common/EscritorioPrueba.h"
 #include "common/SimuladorPrueba.h"
 #include "platform/CajaMensajes.h"
 #include "platform/CanalHttp.h"
 #include "platform/Controles_ui.h"
+#include "server/Pasarela.h"
 #include "shell/Form1.h"
 
 #include <QLineEdit>
@@ -104,4 +106,31 @@ TEST_F(GatewayReal, LosCuerposLleganByteAByteComoTexto) {
     const QString r = m.ConsultarServidor(QStringLiteral("p?x=1"));
     // UTF-8 arrives as one character per byte; the reader repairs it later.
     EXPECT_EQ(r, QStringLiteral("estadoapertura:Cerrado hasta maÃ±ana 10:00"));
+}
+
+// A value written raw into a query (a password, a reason, an answer) reaches the service
+// whole through both transports: each byte travels as it is or as its escape.
+TEST_F(GatewayReal, CadaByteDeUnValorCrudoLlegaAlServicio) {
+    m.UrlBase = m.UrlBaseHttp;
+    QString valor = QStringLiteral("áÑ€ü%zz%4");
+    for (char16_t c = 0x20; c < 0x7F; ++c) {
+        valor += QChar(c);
+    }
+    const QString consulta = "passwordconfig=" + valor + "&fha=1";
+    m.pasarela().LeerUrlDirecto(m.UrlBase + "prueba/directo?" + consulta);
+    m.pasarela().LeerUrlInet1(m.UrlBase + "prueba/inet?" + consulta);
+    const auto r = sim.registro();
+    ASSERT_EQ(r.size(), 2);
+    for (const auto& e : r) {
+        SCOPED_TRACE(e.consulta.toStdString());
+        EXPECT_EQ(QByteArray::fromPercentEncoding(e.consulta.toLatin1()),
+                  "passwordconfig=" + cp1252::aBytes(valor) + "&fha=1");
+        // What a request line carries raw goes raw: queries that were right stay the same.
+        for (const char c : QByteArray("azAZ09-._~!$&'()*+,;=:@/?[]")) {
+            EXPECT_TRUE(e.consulta.contains(QLatin1Char(c))) << c;
+        }
+        for (const char* escape : {"%23", "%25zz", "%254", "%20", "%E1", "%80"}) {
+            EXPECT_TRUE(e.consulta.contains(QLatin1String(escape))) << escape;
+        }
+    }
 }

@@ -94,27 +94,41 @@ TEST_F(CanalDestinos, FicheroSeEscribeDesdeCero) {
     EXPECT_TRUE(boxes().isEmpty());
 }
 
-TEST_F(CanalDestinos, DispositivoQueFaltaDaLaCajaYElSiguienteTicketSaleIgual) {
+TEST_F(CanalDestinos, PuertoQueFaltaDaLaCajaNoDejaFicheroYElSiguienteTicketSaleIgual) {
     QTemporaryDir dir;
     ASSERT_TRUE(dir.isValid());
-    ImprimirTicketEP(m, impresoraEP("Barra", "/nonexistent/dev/impresora"));
-    ImprimirTicketEP(m, impresoraEP("Terraza", "COM9:9600,n,8,1"));
-    ImprimirTicketEP(m, impresoraEP("Comedor", "\\\\MOSTRADOR\\ColaQueNoExiste"));
-    ImprimirTicketEP(m, impresoraEP("Patio", "COM2:9600,z,8,1"));
+    // Run from an empty folder: a name taken for a file would show up in it.
+    const QString antes = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(dir.path()));
+    const QStringList conexiones = {"/nonexistent/dev/impresora",
+                                    "COM9:9600,n,8,1",
+                                    "\\\\MOSTRADOR\\ColaQueNoExiste",
+                                    "COM2:9600,z,8,1",
+                                    "LPT7",
+                                    "USB009",
+                                    "ColaQueNoExiste",
+                                    "tickets/barra.bin",
+                                    "/dev/impresora-que-no-existe"};
+    for (const QString& conexion : conexiones) {
+        ImprimirTicketEP(m, impresoraEP("Barra", conexion));
+    }
+    const QStringList quedan = QDir(dir.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+    QDir::setCurrent(antes);
+    EXPECT_TRUE(quedan.isEmpty()) << quedan.join(' ').toStdString();
+    EXPECT_FALSE(QFileInfo::exists("/dev/impresora-que-no-existe")) << "a device is never made";
     const QList<RegistroCajas::Caja> c = boxes();
-    ASSERT_EQ(c.size(), 4);
-    EXPECT_EQ(c[0].texto, u"La conexión indicada para la impresora Barra no se corresponde con "
-                          u"ningún puerto de impresora."_qs);
-    EXPECT_EQ(c[0].estilo, estilo::SoloAceptar);
-    EXPECT_TRUE(c[0].titulo.isEmpty());
-    EXPECT_EQ(c[1].texto, u"La conexión indicada para la impresora Terraza no se corresponde con "
-                          u"ningún puerto de impresora."_qs);
-    EXPECT_TRUE(c[2].texto.contains("Comedor"));
-    EXPECT_TRUE(c[3].texto.contains("Patio"));
+    ASSERT_EQ(c.size(), conexiones.size());
+    for (qsizetype i = 0; i < c.size(); ++i) {
+        EXPECT_EQ(c[i].texto, u"La conexión indicada para la impresora Barra no se corresponde con "
+                              u"ningún puerto de impresora."_qs)
+            << conexiones[i].toStdString();
+        EXPECT_EQ(c[i].estilo, estilo::SoloAceptar);
+        EXPECT_TRUE(c[i].titulo.isEmpty());
+    }
 
     const QString ruta = dir.filePath("cocina.bin");
     ImprimirTicketEP(m, impresoraEP("Cocina", ruta));
-    EXPECT_EQ(boxes().size(), 4) << "no further box";
+    EXPECT_EQ(boxes().size(), conexiones.size()) << "no further box";
     QFile f(ruta);
     ASSERT_TRUE(f.open(QIODevice::ReadOnly));
     EXPECT_EQ(f.readAll(), referencia);

@@ -4,9 +4,11 @@
 // queue reset is checked against the same server.
 #include "common/EscritorioPruebaEP.h"
 #include "impresora_dw_prueba.h"
+#include "printing/CanalEP.h"
 #include "printing/ColasImpresion.h"
 #include "printing/ImpresoraDWQt_ui.h"
 #include "printing/RutasImpresion.h"
+#include "printing/TicketClienteEP.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -158,6 +160,26 @@ TEST_F(ImpresionCups, UnPedidoAceptadoLlegaALaColaComoPdf) {
         const qsizetype en = texto.indexOf(pieza, desde);
         EXPECT_GE(en, 0) << pieza.toStdString() << "\n" << texto.toStdString();
         desde = std::max(desde, en);
+    }
+}
+
+TEST_F(ImpresionCups, UnTicketEPPorNombreDeColaLlegaCrudo) {
+    pedidoDomicilio();
+    ImprimirTicketEP(m, impresoraEP("Barra", "referencia"));
+    const QByteArray referencia = captura.bytes("referencia");
+    ASSERT_FALSE(referencia.isEmpty());
+    m.canalEP().setAbridor(AbrirDestinoEP);
+
+    // The bare name as people write it, and the shared-printer form of the other system.
+    ImprimirTicketEP(m, impresoraEP("Barra", Cola));
+    ImprimirTicketEP(m, impresoraEP("Barra", "\\\\MOSTRADOR\\" + Cola));
+    EXPECT_TRUE(boxes().isEmpty()) << boxes().value(0).texto.toStdString();
+    ASSERT_TRUE(esperar([this] { return trabajos().size() == 2; }, 30000));
+    for (const QString& t : trabajos()) {
+        QFile f(raiz + "/out/" + t);
+        ASSERT_TRUE(esperar([&f] { return f.size() > 0; }, 10000));
+        ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+        EXPECT_EQ(f.readAll(), referencia) << "no filter touched the bytes";
     }
 }
 

@@ -1,4 +1,5 @@
 // The customer ticket, byte by byte, for the kinds of order and the printer's options.
+#include "common/DatosEsperados.h"
 #include "common/EscritorioPruebaEP.h"
 #include "printing/EscritorTicketEP.h"
 #include "printing/TicketClienteEP.h"
@@ -13,36 +14,12 @@ protected:
         ImprimirTicketEP(m, i);
         return captura.bytes(i.EPConexion);
     }
-
-    // Steps from the start up to the order number: settings as a new printer has them.
-    static QByteArray cabecera(int blancasInicio = 0) {
-        QByteArray b = INI + CP;
-        if (blancasInicio > 0) {
-            b += NO + blancas(blancasInicio);
-        }
-        return b + GR + L("Casa Tarvi") + NO + SEP() + L("22/11/2026 13:05:09") + GR +
-               L("Gracias por su pedido") + NO + SEP() + GR + L(u"Ped. Nº: 1234"_qs);
-    }
 };
 
 TEST_F(TicketCliente, DomicilioAceptadoParaAhoraConLaImpresoraDeSerie) {
     pedidoDomicilio();
-    const QByteArray esperado =
-        cabecera() + NO +
-        // w 48: "2 X Pizza Margarita" is 19, room 29, price 6 -> 23 blanks.
-        L("2 X Pizza Margarita" + sp(23) + u" 9,50€"_qs) +
-        // "1 X Hamburguesa" is 15, room 33 -> 27 blanks; options whole on the next line.
-        L("1 X Hamburguesa" + sp(27) + u" 7,25€"_qs) +
-        L(" -Punto: Poco hecha - Extras: Queso, Bacon") + NO + SEP() + L("Comentarios:") +
-        L("Sin cebolla") + NO + SEP() + L(u"Importe envío: 1,50€"_qs) + L(u"Descuento: 0€"_qs) +
-        // Large width 24: 24 - 6 - 6 = 12 blanks.
-        GR + L("Total:" + sp(12) + u"25,75€"_qs) + NO + SEP() + NO + L("Cliente:") +
-        L(u"Ana Pérez"_qs) + L("600111222") + L(u"Calle Mayor 5, 2ºB"_qs) + NO + SEP() +
-        L("Realizado el:") + L("22/11/2026 12:58") + L("Para: Ahora") + NO +
-        L("Pedidos anteriores: 3") + GR + L("NO Pagado") + NO + L(u"Método de pago: Efectivo"_qs) +
-        L("Cambio: 50") + SEP() + L("Aceptado: 30 Minutos") + GR + GR + L("13:30") + NO + SEP() +
-        L(u"¡Buen provecho!"_qs) + SUBIR + CORTE;
-    EXPECT_EQ(imprimir(impresoraEP("Barra", "barra")), esperado);
+    EXPECT_EQ(imprimir(impresoraEP("Barra", "barra")),
+              TicketEPDatos("ticket_cliente_domicilio.txt"));
     EXPECT_EQ(captura.cierres("barra"), 1);
     EXPECT_TRUE(boxes().isEmpty());
 }
@@ -74,24 +51,7 @@ TEST_F(TicketCliente, RecogidaProgramadaConTodoGrandeMayusculasYSeparadores) {
     i.MostrarTotalBruto = true;
     i.EPComExtrasFin = "27,112,0,25,250";
 
-    const QByteArray esperado =
-        cabecera(2) + GR +
-        // w 24: 19 characters leave 5, the 6 of the price don't fit: own line, 18 blanks.
-        NO + SEP() + GR + L("2 X PIZZA MARGARITA") + L(sp(18) + u" 9,50€"_qs) +
-        // 15 characters leave 9: 3 blanks.
-        NO + SEP() + GR + L("1 X HAMBURGUESA" + sp(3) + u" 7,25€"_qs) +
-        L(" -PUNTO: POCO HECHA\n -EXTRAS: \n  QUESO\n  BACON") + NO + SEP() + L("Comentarios:") +
-        GR + L("SIN CEBOLLA") + NO + SEP() + L(u"Importe envío: 1,50€"_qs) +
-        L(u"Total Bruto: 27,50€"_qs) + L(u"Comisión Paypal: 0,35€"_qs) + L(u"Descuento: 0€"_qs) +
-        L(u"Promoción: OTONO10"_qs) + GR + L("Total:" + sp(12) + u"25,75€"_qs) + NO + SEP() + GR +
-        L("Cliente:") + L(u"María José Fernández de \r\nla Vega"_qs) + L("600111222") +
-        L("Recogen") + NO + SEP() + L("Realizado el:") + L("22/11/2026 12:58") + GR +
-        L("Para: 21:30") + L(u"Sábado 28/11/2026"_qs) + NO + L("Pedidos anteriores: 3") + GR +
-        L("PAGADO") + NO + L(u"Método de pago: Paypal"_qs) + SEP() +
-        // A scheduled order shows the bare state and no delivery time.
-        L("Aceptado") + GR + NO + SEP() + L(u"¡Buen provecho!"_qs) + blancas(3) + SUBIR + CORTE +
-        QByteArray::fromHex("1b700019fa");
-    EXPECT_EQ(imprimir(i), esperado);
+    EXPECT_EQ(imprimir(i), TicketEPDatos("ticket_cliente_recogida_grande.txt"));
 }
 
 TEST_F(TicketCliente, RechazadoLlevaElMotivoYNoLaHora) {
@@ -155,24 +115,7 @@ TEST_F(TicketCliente, CaracteresPC858) {
     ClassConfigImpresora i = impresoraEP("Barra", "barra");
     i.ReemplazarCaracEscPosPC858 = true;
     const QByteArray e = "\xd5"; // euro in PC858
-    const QByteArray esperado =
-        INI + CP + GR + L("Casa Tarvi") + NO + SEP() + L("22/11/2026 13:05:09") + GR +
-        L("Gracias por su pedido") + NO + SEP() + GR + Lb("Ped. N\xf8: 1234") + NO +
-        Lb(cp1252::aBytes("2 X Pizza Margarita" + sp(23) + " 9,50") + e) +
-        Lb(cp1252::aBytes("1 X Hamburguesa" + sp(27) + " 7,25") + e) +
-        L(" -Punto: Poco hecha - Extras: Queso, Bacon") + NO + SEP() + L("Comentarios:") +
-        L("Sin cebolla") + NO + SEP() + Lb("Importe env\xa1o: 1,50" + e) + Lb("Descuento: 0" + e) +
-        GR + Lb(cp1252::aBytes("Total:" + sp(12) + "25,75") + e) + NO + SEP() + NO + L("Cliente:") +
-        Lb("Ana P\x82rez") + L("600111222") +
-        Lb("Calle Mayor 5, 2\xf8"
-           "B") +
-        NO + SEP() + L("Realizado el:") + L("22/11/2026 12:58") + L("Para: Ahora") + NO +
-        L("Pedidos anteriores: 3") + GR + L("NO Pagado") + NO + Lb("M\x82todo de pago: Efectivo") +
-        L("Cambio: 50") + SEP() + L("Aceptado: 30 Minutos") + GR + GR + L("13:30") + NO + SEP() +
-        Lb("\xad"
-           "Buen provecho!") +
-        SUBIR + CORTE;
-    EXPECT_EQ(imprimir(i), esperado);
+    EXPECT_EQ(imprimir(i), TicketEPDatos("ticket_cliente_pc858.txt"));
     EXPECT_EQ(m.TextoPiePagina, u"¡Buen provecho!"_qs) << "PC858 leaves the variables alone";
 }
 
@@ -183,21 +126,7 @@ TEST_P(TicketClienteLlano, ReemplazarCaracEspConYSinPC858) {
     ClassConfigImpresora i = impresoraEP("Barra", "barra");
     i.ReemplazarCaracEsp = true;
     i.ReemplazarCaracEscPosPC858 = GetParam();
-    const QByteArray esperado =
-        INI + CP + GR + L("Casa Tarvi") + NO + SEP() + L("22/11/2026 13:05:09") + GR +
-        L("Gracias por su pedido") + NO + SEP() + GR + L("Ped. N: 1234") + NO +
-        // The price has lost its euro sign: 5 characters, 24 blanks.
-        L("2 X Pizza Margarita" + sp(24) + " 9,50") + L("1 X Hamburguesa" + sp(28) + " 7,25") +
-        L(" -Punto: Poco hecha - Extras: Queso, Bacon") + NO + SEP() + L("Comentarios:") +
-        L("Sin cebolla") + NO + SEP() + L("Importe envio: 1,50") + L("Descuento: 0") +
-        // Blanks counted on the total with its sign: still 12.
-        GR + L("Total:" + sp(12) + "25,75") + NO + SEP() + NO + L("Cliente:") + L("Ana Perez") +
-        L("600111222") + L("Calle Mayor 5, 2B") + NO + SEP() + L("Realizado el:") +
-        L("22/11/2026 12:58") + L("Para: Ahora") + NO + L("Pedidos anteriores: 3") + GR +
-        L("NO Pagado") + NO + L("Metodo de pago: Efectivo") + L("Cambio: 50") + SEP() +
-        L("Aceptado: 30 Minutos") + GR + GR + L("13:30") + NO + SEP() + L("!Buen provecho!") +
-        SUBIR + CORTE;
-    EXPECT_EQ(imprimir(i), esperado);
+    EXPECT_EQ(imprimir(i), TicketEPDatos("ticket_cliente_llano.txt"));
     EXPECT_EQ(m.TextoPiePagina, "!Buen provecho!") << "the desk's own text became plain";
     EXPECT_EQ(m.PedidoActual.Cliente, u"Ana Pérez"_qs) << "a wrapped copy was printed";
 }

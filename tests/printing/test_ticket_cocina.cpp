@@ -1,5 +1,6 @@
 // The kitchen ticket, byte by byte: routing by category, exception, extra product and option
 // item, the head that waits for the first line, the foot, and printers that get nothing.
+#include "common/DatosEsperados.h"
 #include "common/EscritorioPruebaEP.h"
 #include "printing/TicketClienteEP.h"
 #include "printing/TicketCocinaEP.h"
@@ -44,16 +45,7 @@ protected:
 TEST_F(TicketCocina, PlanchaRecibeSusOpcionesSuCategoriaYSuProductoExtra) {
     ClassConfigImpresora plancha = cocina("Plancha", "3");
     plancha.ProductosIds = "7";
-    const QByteArray esperado =
-        cabecera() +
-        // Entrecot x3, item of 2 units: 6; the free text goes where an item of it goes.
-        L("6 X Sin sal") + NO + L("Poco hecho") + NO +
-        // Category 3, then product 7 as an extra.
-        L("2 X Pizza Margarita") + NO + L("1 X Coca-Cola") + NO +
-        // Foot: comments, then the delivery time (30 minutes from 13:00).
-        NO + SEP() + L("Comentarios:") + L("Sin cebolla") + NO + NO + SEP() + GR + L("13:30") + NO +
-        SUBIR + CORTE;
-    EXPECT_EQ(imprimir(plancha), esperado);
+    EXPECT_EQ(imprimir(plancha), TicketEPDatos("ticket_cocina_plancha.txt"));
     EXPECT_EQ(captura.cierres("plancha"), 1);
     EXPECT_TRUE(boxes().isEmpty());
 }
@@ -69,17 +61,7 @@ TEST_F(TicketCocina, FreidoraConNombreGrandeDatosDelClientePieYSaltosDeOpciones)
     freidora.NumPedidoYFormaEnvFinal = 2;
     freidora.NumLineasBlancoInicio = 1;
     freidora.MostrarHoraEntrega = false;
-    const QByteArray esperado =
-        INI + CP + NO + blancas(1) + GR + L("Freidora") + NO + L("22/11/2026 13:05:09") + GR +
-        L(u"Ped. Nº: 1234"_qs) + NO + L("Recogen") + NO +
-        // Only the options of the entrecot: the free text, then the item broken after the colon.
-        SEP() + GR + L("Poco hecho") + NO + SEP() + GR + L("3 X Patatas: \n  Grandes\n  Con sal") +
-        NO +
-        // Foot.
-        NO + SEP() + L("Comentarios:") + GR + L("Sin cebolla") + NO + NO + SEP() + NO +
-        L("Cliente:") + L(u"Ana Pérez"_qs) + L("600111222") + L("Recogen") + NO + NO + SEP() +
-        blancas(2) + GR + L("1234 Recogen") + NO + SUBIR + CORTE;
-    EXPECT_EQ(imprimir(freidora), esperado);
+    EXPECT_EQ(imprimir(freidora), TicketEPDatos("ticket_cocina_freidora.txt"));
 }
 
 TEST_F(TicketCocina, ImpresoraSinNadaQueImprimirNoRecibeNiUnByte) {
@@ -98,16 +80,7 @@ TEST_F(TicketCocina, PreciosEnCocinaConservanElEuroAunLlanos) {
     ClassConfigImpresora barra = cocina("Barra", "");
     barra.MostrarPreciosProdCocina = true;
     barra.ReemplazarCaracEsp = true;
-    const QByteArray esperado =
-        // Plain head: "Nº" loses its sign. The entrecot has items, none for this printer.
-        INI + CP + NO + L("22/11/2026 13:05:09") + GR + L("Ped. N: 1234") + NO + L("Recogen") + NO +
-        // Every product without items (no categories), with its euro sign: 19, 13 and 18
-        // characters leave 29, 35 and 30 for a price of 6.
-        L("2 X Pizza Margarita" + sp(23) + u" 9,50€"_qs) + NO +
-        L("1 X Coca-Cola" + sp(29) + u" 2,00€"_qs) + NO +
-        L("1 X Ensalada Cesar" + sp(24) + u" 6,00€"_qs) + NO + NO + SEP() + L("Comentarios:") +
-        L("Sin cebolla") + NO + NO + SEP() + GR + L("13:30") + NO + SUBIR + CORTE;
-    EXPECT_EQ(imprimir(barra), esperado);
+    EXPECT_EQ(imprimir(barra), TicketEPDatos("ticket_cocina_precios_llana.txt"));
 }
 
 TEST_F(TicketCocina, ExcepcionesGananACategoriasYExtras) {

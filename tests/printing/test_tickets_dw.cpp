@@ -1,6 +1,7 @@
 // The driver tickets on a recording printer: which lines, at which size and height. The
 // recorder moves down 20 twips per point of the font for each printed line.
 #include "base/ErrorEjecucion.h"
+#include "common/DatosEsperados.h"
 #include "common/EscritorioPruebaEP.h"
 #include "common/ImpresoraDWGrabadora.h"
 #include "impresora_dw_prueba.h"
@@ -8,8 +9,6 @@
 #include "printing/TicketCocinaDW.h"
 
 namespace {
-
-using esperado::sp;
 
 struct L {
     QString texto;
@@ -33,7 +32,23 @@ QList<L> lineas(const ImpresoraDWGrabadora& r) {
     return v;
 }
 
-const QString CRLF = QStringLiteral("\r\n");
+// A ticket kept under tests/data/: "size height text" a line.
+QList<L> lineasDatos(const QString& nombre) {
+    QList<L> v;
+    for (const QString& l : LineasDatos(nombre)) {
+        v.append({SinMarcas(l.section(u' ', 2)), l.section(u' ', 0, 0).toDouble(),
+                  l.section(u' ', 1, 1).toDouble()});
+    }
+    return v;
+}
+
+QStringList textosDatos(const QString& nombre) {
+    QStringList r;
+    for (const QString& l : LineasDatos(nombre)) {
+        r << SinMarcas(l);
+    }
+    return r;
+}
 
 class TicketsDW : public EscritorioPrueba {
 protected:
@@ -46,46 +61,7 @@ TEST_F(TicketsDW, ClienteDomicilioAceptadoLineaALinea) {
     ImprimirTicketDW(m, r, i);
 
     // Gaps of 60 before every separator (4 points: 80 twips) and at each GAP.
-    const QList<L> esperado = {
-        {"Casa Tarvi", 14, 0},
-        {"----", 4, 340},
-        {"22/11/2026 13:05:09", 10, 480},
-        {"Gracias por su pedido", 14, 740},
-        {"----", 4, 1080},
-        {u"Ped. Nº: 1234"_qs, 14, 1220},
-        // 31 characters at 10 points: 19 + 6 blanks + 6 of the price.
-        {"2 X Pizza Margarita" + sp(6) + u" 9,50€"_qs, 10, 1560},
-        // The wrap keeps the blank; 28 left on the last line, 3 free: price on its own line.
-        {"1 X Hamburguesa - Punto: Poco " + CRLF + "hecha - Extras: Queso, Bacon" + CRLF + sp(25) +
-             u" 7,25€"_qs,
-         10, 1760},
-        {"----", 4, 2420},
-        {"Comentarios:", 12, 2500},
-        {"Sin cebolla", 10, 2740},
-        {"----", 4, 3000},
-        {u"Importe envío: 1,50€"_qs, 10, 3140},
-        {u"Descuento: 0€"_qs, 10, 3400},
-        // 22 characters at 14 points: 22 - 7 - 6 = 9 blanks.
-        {"Total: " + sp(9) + u"25,75€"_qs, 14, 3660},
-        {"----", 4, 4000},
-        {"Cliente: " + CRLF + u"Ana Pérez"_qs, 10, 4140},
-        {u"Teléfono: 600111222"_qs, 10, 4540},
-        {u"Calle Mayor 5, 2ºB"_qs, 10, 4740},
-        {"----", 4, 5000},
-        {"Realizado el:", 10, 5140},
-        {"22/11/2026 12:58", 10, 5340},
-        {"Para: Ahora", 10, 5600},
-        {"Pedidos anteriores: 3", 10, 5800},
-        {"NO Pagado", 14, 6060},
-        {u"Método de pago: Efectivo"_qs, 10, 6340},
-        {"Cambio: 50", 10, 6540},
-        {"----", 4, 6800},
-        {"Aceptado: 30 Minutos", 10, 6940},
-        {"13:30", 14, 7140},
-        {"----", 4, 7480},
-        {u"¡Buen provecho!"_qs, 10, 7560},
-    };
-    EXPECT_EQ(lineas(r), esperado);
+    EXPECT_EQ(lineas(r), lineasDatos("ticket_dw_cliente_domicilio.txt"));
     EXPECT_EQ(r.documentos, 1);
     EXPECT_EQ(r.Font(), "Lucida Console");
     EXPECT_DOUBLE_EQ(r.ScaleLeft(), -100);
@@ -121,24 +97,7 @@ TEST_F(TicketsDW, ClienteRechazadoProgramadoConTodasLasOpciones) {
     i.MostrarTotalBruto = true;
     ImprimirTicketDW(m, r, i);
 
-    const QStringList esperado = {
-        "", "", "Casa Tarvi", "----", "22/11/2026 13:05:09", "Gracias por su pedido", "----",
-        u"Ped. Nº: 1234"_qs,
-        // Large products, 22 a line: 19 leave 3, the price goes below, right-aligned.
-        "----", "2 X PIZZA MARGARITA", sp(16) + u" 9,50€"_qs,
-        // Exactly 22: no room at all on the line.
-        "----", "1 X TORTILLA DE PATATA", sp(16) + u" 6,00€"_qs,
-        // Options one to a line; the price follows the last one.
-        "----", "1 X HAMBURGUESA", " -PUNTO: POCO HECHA", " -EXTRAS: ", "  QUESO",
-        "  BACON" + sp(9) + u" 7,25€"_qs, "----", "Comentarios:", "SIN CEBOLLA", "----",
-        u"Importe envío: 1,50€"_qs, u"Total Bruto: 27,50€"_qs, u"Comisión Paypal: 0,35€"_qs,
-        u"Descuento: 0€"_qs, u"Promoción: OTONO10"_qs, "Total: " + sp(9) + u"25,75€"_qs, "----",
-        // A one-character name is lost by the wrap; the label stays.
-        "Cliente: ", u"Teléfono: 600111222"_qs, "Recogen", "----",
-        "Realizado el:", "22/11/2026 12:58", "Para: 21:30", u"Sábado 28/11/2026"_qs,
-        "Pedidos anteriores: 3", "NO Pagado", u"Método de pago: Efectivo"_qs, "----", "Rechazado",
-        "Cerrado por hoy", "----", u"¡Buen provecho!"_qs, "", "", "", "."};
-    EXPECT_EQ(r.textos(), esperado);
+    EXPECT_EQ(r.textos(), textosDatos("ticket_dw_cliente_rechazado.txt"));
 
     auto tamannoDe = [this](const QString& texto) {
         for (const auto& l : r.lineas) {
@@ -207,30 +166,7 @@ TEST_F(TicketsDW, CocinaCabeceraProductosYPieLineaALinea) {
     i.NumLineasBlancoFinal = 1;
     ImprimirTicketCocinaDW(m, r, i);
 
-    const QList<L> esperado = {
-        {"Cocina", 14, 0},
-        {"22/11/2026 13:05:09", 10, 280},
-        {u"Ped. Nº: 1234"_qs, 14, 480},
-        {u"Envío a domicilio"_qs, 10, 760},
-        // Only the category-4 product, whole name, no price and no trailing blanks.
-        {"1 X Hamburguesa - Punto: Poco " + CRLF + "hecha - Extras: Queso, Bacon", 10, 1020},
-        {"----", 4, 1480},
-        {"Comentarios:", 12, 1560},
-        {"Sin cebolla", 10, 1800},
-        {"----", 4, 2060},
-        {"Cliente: " + CRLF + u"Ana Pérez"_qs, 10, 2140},
-        {u"Teléfono: 600111222"_qs, 10, 2540},
-        {u"Calle Mayor 5, 2ºB"_qs, 10, 2740},
-        {"----", 4, 3000},
-        {"", 10, 3080},
-        {"", 10, 3280},
-        {u"1234 Envío a Dom."_qs, 14, 3480},
-        {"----", 4, 3820},
-        {"13:30", 14, 3900},
-        {"", 10, 4180},
-        {".", 10, 4380},
-    };
-    EXPECT_EQ(lineas(r), esperado);
+    EXPECT_EQ(lineas(r), lineasDatos("ticket_dw_cocina.txt"));
     EXPECT_EQ(r.documentos, 1);
     EXPECT_DOUBLE_EQ(r.ScaleLeft(), -100);
 }
@@ -274,23 +210,7 @@ TEST_F(TicketsDW, CocinaProgramadaConPreciosYSeparadores) {
     i.MostrarHoraEntrega = false;
     ImprimirTicketCocinaDW(m, r, i);
 
-    const QStringList esperado = {"22/11/2026 13:05:09",
-                                  "----",
-                                  "Para: 21:30",
-                                  u"Sábado 28/11/2026"_qs,
-                                  "----",
-                                  u"Ped. Nº: 1234"_qs,
-                                  u"Envío a domicilio"_qs,
-                                  "----",
-                                  "2 X PIZZA MARGARITA" + sp(6) + u" 9,50€"_qs,
-                                  "----",
-                                  "1 X HAMBURGUESA - PUNTO: POCO ",
-                                  "HECHA - EXTRAS: QUESO, BACON",
-                                  sp(25) + u" 7,25€"_qs,
-                                  "----",
-                                  "Comentarios:",
-                                  "SIN CEBOLLA"};
-    EXPECT_EQ(r.textos(), esperado);
+    EXPECT_EQ(r.textos(), textosDatos("ticket_dw_cocina_programada.txt"));
     EXPECT_EQ(r.documentos, 1);
 }
 

@@ -124,4 +124,7 @@ TEST(PasarelaCodificacion, SoloLoQueUnaLineaDePeticionNoLlevaEnCrudo) {
         Pasarela::codificarUrl(QStringLiteral("http://h/api/p?a=1&b=x y&c=%F3&d=ó\"<>\\^`{|}")),
         QByteArray("http://h/api/p?a=1&b=x%20y&c=%F3&d=%F3%22%3C%3E%5C%5E%60%7B%7C%7D"));
     EXPECT_EQ(Pasarela::codificarUrl(QStringLiteral("a\tb\x7F€")), QByteArray("a%09b%7F%80"));
+    // A fragment mark and a "%" that starts no escape are value bytes; an escape stays.
+    EXPECT_EQ(Pasarela::codificarUrl(QStringLiteral("p?c=ab#1&r=50%&s=%4g%2&t=%2f&fha=1")),
+              QByteArray("p?c=ab%231&r=50%25&s=%254g%252&t=%2f&fha=1"));
 }

@@ -1,6 +1,7 @@
 #include "common/Entorno.h"
 #include "platform/Controles_ui.h"
 #include "platform/Temporizador.h"
+#include "products/ListaProductos_ui.h"
 #include "shell/Form1.h"
 
 #include <QAction>
@@ -85,12 +86,21 @@ TEST_F(Form1_, LosControlesTienenSusTextosYVisibilidadDeDisenno) {
 }
 
 TEST_F(Form1_, SinEstablecimientoLaPrimeraActivacionSondeaUnaVezYNadaMas) {
+    // Every activation reads what is out of stock first.
+    e.canales.directo->responder(R"([{"id":7,"nombre":"Flan","pvp":3.5,"fechahoraagotado":"x"}])");
     e.canales.directo->responder("estadoapertura:Abierto");
     activar();
-    ASSERT_EQ(e.canales.directo->urls.size(), 1);
+    ASSERT_EQ(e.canales.directo->urls.size(), 2);
     EXPECT_EQ(e.canales.directo->urls[0],
+              "https://servidor.prueba/api/pedidosgprs/obtenerProductosAgotados?"
+              "idEstablecimiento=0&fha=2026111490507");
+    EXPECT_EQ(e.canales.directo->urls[1],
               "https://servidor.prueba/api/pedidosgprs/pedidosnuevos?restid=0&password=&numconfig=0"
               "&modeloImpresora=3&version=1.6.2&printresumenauto=Falso&fha=2026111490507");
+    ASSERT_EQ(f.listaAgotados().topLevelItemCount(), 1);
+    EXPECT_EQ(f.listaAgotados().topLevelItem(0)->text(1), QStringLiteral("Flan"));
+    EXPECT_EQ(f.listaAgotados().topLevelItem(0)->text(2), QStringLiteral("3,5"));
+    EXPECT_EQ(f.listaAgotados().headerItem()->text(2), QStringLiteral("Precio"));
     EXPECT_TRUE(e.m.InicioHecho);
     for (const char* t : {"TimerPedidos", "TimerConfig", "TimerPrimeraConfig",
                           "TimerPedActualizado", "TimerMusica"}) {
@@ -101,18 +111,22 @@ TEST_F(Form1_, SinEstablecimientoLaPrimeraActivacionSondeaUnaVezYNadaMas) {
     EXPECT_EQ(fondo("TextEstadoApertura"), ColorVB(65280));
     EXPECT_TRUE(control("butCerrar")->isEnabled());
 
-    // Becoming active again polls only when the configuration asks for it.
+    // Becoming active again polls only when the configuration asks for it; an unreadable
+    // list leaves the main list empty.
     QEvent activacion(QEvent::WindowActivate);
+    e.canales.directo->responder("no es una lista");
     QApplication::sendEvent(&f, &activacion);
-    EXPECT_EQ(e.canales.directo->urls.size(), 1);
+    EXPECT_EQ(e.canales.directo->urls.size(), 3);
+    EXPECT_EQ(f.listaAgotados().topLevelItemCount(), 0);
     e.m.ComprobarPedidoTrasAceptar = true;
+    e.canales.directo->responder("[]");
     e.canales.directo->responder("estadoapertura:Abierto");
     QApplication::sendEvent(&f, &activacion);
-    EXPECT_EQ(e.canales.directo->urls.size(), 2);
-    // Not while an order waits.
+    EXPECT_EQ(e.canales.directo->urls.size(), 5);
+    // Nothing at all while an order waits.
     e.m.PedidoNuevoPendiente = true;
     QApplication::sendEvent(&f, &activacion);
-    EXPECT_EQ(e.canales.directo->urls.size(), 2);
+    EXPECT_EQ(e.canales.directo->urls.size(), 5);
 }
 
 TEST_F(Form1_, ConEstablecimientoArrancaTimerPrimeraConfigCadaTresSegundos) {
@@ -201,7 +215,12 @@ TEST_F(Form1_, AplicarConfiguracionArrancaLosTimersEnSuOrden) {
     e.m.IntervaloEscaneoPedido = 1500;
     e.m.IntervaloEscaneoConfiguracion = 0;
     f.TimerConfig().setInterval(9000);
+    // The menu is read last.
+    e.canales.directo->responder(R"({"categorias":[]})");
     f.AplicarConfiguracion();
+    ASSERT_EQ(e.canales.directo->urls.size(), 1);
+    EXPECT_EQ(e.canales.directo->urls[0],
+              "https://servidor.prueba/api/establecimiento/carta2?id=0&fha=2026111490507");
     EXPECT_EQ(texto("TextEstablecimiento"), QStringLiteral("Casa Pepe"));
     EXPECT_EQ(fondo("TextEstablecimiento"), ColorVB(65280));
     EXPECT_EQ(texto("TextEstadoConexion"), QStringLiteral("En línea"));

@@ -42,6 +42,7 @@ TEST_F(Form1Configuracion_, UnaLecturaBuenaSeAplicaALaVentanaYALosTimers) {
     QJsonObject d = DocumentoConfiguracion();
     d["cancelarsonido"] = 1;
     e.canales.directo->responder(BytesJson(d));
+    e.canales.directo->responder(R"({"categorias":[]})");
     f.TimerPrimeraConfig().setInterval(3000);
     f.TimerPrimeraConfig().setEnabled(true);
     ASSERT_TRUE(f.RefrescarConfiguracion());

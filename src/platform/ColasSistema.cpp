@@ -1,0 +1,72 @@
+// The local print system over its own client library.
+#include "platform/ColasSistema.h"
+
+#include <cups/cups.h>
+
+namespace {
+
+// Gives up a request that waits longer than its time-out.
+int noEsperarMas(http_t* /*http*/, void* /*datos*/) {
+    return 0;
+}
+
+} // namespace
+
+bool ExisteColaSistema(const QString& cola) {
+    const QByteArray nombre = cola.toUtf8();
+    if (nombre.isEmpty()) {
+        return false;
+    }
+    cups_dest_t* destino = cupsGetNamedDest(CUPS_HTTP_DEFAULT, nombre.constData(), nullptr);
+    if (destino == nullptr) {
+        return false;
+    }
+    cupsFreeDests(1, destino);
+    return true;
+}
+
+ResultadoTrabajoCrudo EnviarTrabajoCrudo(const QString& cola, const QByteArray& datos,
+                                         const QString& titulo) {
+    const QByteArray nombre = cola.toUtf8();
+    const QByteArray rotulo = titulo.toUtf8();
+    const int trabajo =
+        cupsCreateJob(CUPS_HTTP_DEFAULT, nombre.constData(), rotulo.constData(), 0, nullptr);
+    if (trabajo <= 0) {
+        return ResultadoTrabajoCrudo::SinCola;
+    }
+    bool ok = cupsStartDocument(CUPS_HTTP_DEFAULT, nombre.constData(), trabajo, rotulo.constData(),
+                                CUPS_FORMAT_RAW, 1) == HTTP_STATUS_CONTINUE;
+    ok = ok && cupsWriteRequestData(CUPS_HTTP_DEFAULT, datos.constData(),
+                                    static_cast<size_t>(datos.size())) == HTTP_STATUS_CONTINUE;
+    const bool terminado =
+        cupsFinishDocument(CUPS_HTTP_DEFAULT, nombre.constData()) == IPP_STATUS_OK;
+    if (!ok || !terminado) {
+        cupsCancelJob(nombre.constData(), trabajo);
+        return ResultadoTrabajoCrudo::Fallo;
+    }
+    return ResultadoTrabajoCrudo::Hecho;
+}
+
+int CancelarTrabajosPendientes(int limiteMs) {
+    int cancelado = 0;
+    http_t* http = httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1,
+                                limiteMs, nullptr);
+    if (http == nullptr) {
+        return -1;
+    }
+    httpSetTimeout(http, limiteMs / 1000.0, noEsperarMas, nullptr);
+    cups_job_t* trabajos = nullptr;
+    const int n = cupsGetJobs2(http, &trabajos, nullptr, 0, CUPS_WHICHJOBS_ACTIVE);
+    if (n < 0) {
+        httpClose(http);
+        return -1;
+    }
+    for (int i = 0; i < n; ++i) {
+        if (cupsCancelJob2(http, trabajos[i].dest, trabajos[i].id, 0) == IPP_STATUS_OK) {
+            ++cancelado;
+        }
+    }
+    cupsFreeJobs(n, trabajos);
+    httpClose(http);
+    return cancelado;
+}
