@@ -13,27 +13,6 @@
 
 #include <QLineEdit>
 #include <QPushButton>
-#include <QScreen>
-
-namespace {
-// A window shown for the first time stands in the middle of the main window's screen,
-// whole, whatever the screen's size.
-void Centrar(QWidget* ventana, const QWidget* principal) {
-    if (ventana->property("colocada").toBool() || principal->screen() == nullptr) {
-        return;
-    }
-    ventana->setProperty("colocada", true);
-    if (!ventana->testAttribute(Qt::WA_Resized)) {
-        ventana->adjustSize();
-    }
-    const QRect zona = principal->screen()->availableGeometry();
-    QRect r = ventana->frameGeometry();
-    r.setSize(r.size().boundedTo(zona.size() - QSize(40, 60)));
-    ventana->resize(r.size());
-    r.moveCenter(zona.center());
-    ventana->move(r.topLeft());
-}
-} // namespace
 
 void Form1::conectarProductos() {
     connect(&m_.carta(), &Carta::agotadosLeidos, listaAgotados_, &ListaProductos::Rellenar);
@@ -41,7 +20,6 @@ void Form1::conectarProductos() {
     connect(butCerrar_, &QPushButton::clicked, this, [this] {
         protegido([this] {
             FormCerrarEstablec& v = formCerrarEstablec();
-            Centrar(&v, this);
             v.show();
             ColocarVentana(&v, true);
         });
@@ -52,7 +30,6 @@ void Form1::conectarProductos() {
     connect(agotados, &QPushButton::clicked, this, [this] {
         protegido([this] {
             FormProductosRechazarIngredientes& v = formProductos();
-            Centrar(&v, this);
             v.show();
             v.raise();
             v.activateWindow();

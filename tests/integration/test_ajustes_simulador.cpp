@@ -108,7 +108,9 @@ TEST_F(AjustesSimulador, UnaImpresoraPuestaEnLaVentanaImprimeSinReiniciar) {
     QTest::mouseClick(w.findChild<QPushButton*>("butGuardar"), Qt::LeftButton);
 
     const auto registro = sim.registro();
-    ASSERT_EQ(registro.size(), 11);
+    // The ten slots, the configuration read again, and the menu that this run had not read.
+    ASSERT_EQ(registro.size(), 12);
+    EXPECT_EQ(registro[11].ruta, QStringLiteral("establecimiento/carta2"));
     for (int i = 0; i < 10; ++i) {
         EXPECT_EQ(registro[i].ruta, i < 4 ? QStringLiteral("pedidosgprs/actualizarConfigImpresora")
                                           : QStringLiteral("pedidosgprs/eliminarConfigImpresora"));
