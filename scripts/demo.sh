@@ -97,6 +97,11 @@ vigilar_tickets() {
 vigilar_tickets &
 pids+=("$!")
 
+# Beside the desk, a window shows every ticket as it prints, newest first: the raw ones drawn
+# as paper, the driver printer's through their pictures.
+"$bin/visor_tickets" --carpeta "$trabajo/impresoras" &
+pids+=("$!")
+
 # The demo's slot 1 is a driver printer, "Impresora caja", which no fresh machine has: the desk
 # gets one of that name that prints into PDF files beside the raw tickets.
 "$bin/TarvimentaPedidos" --servidor="127.0.0.1:$puerto/api/" --carpeta="$trabajo/datos" \

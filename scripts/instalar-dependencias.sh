@@ -16,6 +16,7 @@ PAQUETES=(
     xvfb x11-apps x11-utils openbox xdotool imagemagick poppler-utils
     socat sox libsox-fmt-mp3 lame
     python3 procps time bc curl fonts-dejavu-core
+    dpkg-dev desktop-file-utils file
 )
 
 faltan=()

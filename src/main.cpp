@@ -3,12 +3,14 @@
 #include "base/ModuloPrincipal.h"
 #include "platform/CajaMensajes.h"
 #include "platform/CajaMensajesQt_ui.h"
+#include "platform/DiarioSistema.h"
 #include "platform/EncajeVentanas_ui.h"
 #include "platform/InstanciaUnica.h"
 #include "platform/SenalesTerminacion.h"
 #include "printing/ImpresoraDWQt_ui.h"
 #include "printing/ImpresorasDWPdf_ui.h"
 #include "shell/Form1.h"
+#include "shell/Icono_ui.h"
 #include "shell/LineaComandos.h"
 #include "update/Actualizador.h"
 #include "update/ComprobarActualizacion.h"
@@ -16,19 +18,37 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <cstdio>
-#include <cstring>
 #include <optional>
 
 int main(int argc, char** argv) {
-    for (int i = 1; i < argc; ++i) {
-        if (std::strcmp(argv[i], "--version") == 0) {
-            std::printf("TarvimentaPedidos %s\n", qPrintable(ModuloPrincipal::Version));
-            return 0;
-        }
+    // Help, version and mistakes are answered before any window system is needed.
+    QStringList argumentos;
+    for (int i = 0; i < argc; ++i) {
+        argumentos.append(QString::fromLocal8Bit(argv[i]));
     }
+    const PeticionLinea peticion = LineaComandos::Revisar(argumentos);
+    switch (peticion.tipo) {
+    case PeticionLinea::Ayuda:
+        std::fputs(peticion.texto.toUtf8().constData(), stdout);
+        return 0;
+    case PeticionLinea::Version:
+        std::printf("TarvimentaPedidos %s\n", qPrintable(ModuloPrincipal::Version));
+        return 0;
+    case PeticionLinea::Error:
+        std::fputs(peticion.texto.toUtf8().constData(), stderr);
+        return 2;
+    case PeticionLinea::Arrancar:
+        break;
+    }
+    // Journal lines carry the time, for support; QT_MESSAGE_PATTERN still wins.
+    qSetMessagePattern(QStringLiteral("%{time yyyy-MM-dd hh:mm:ss} %{category}: %{message}"));
+    diario::Instalar();
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("TarvimentaPedidos"));
     QApplication::setQuitOnLastWindowClosed(false);
+    // The name of the installed menu entry, so a desktop groups the windows under its icon.
+    QGuiApplication::setDesktopFileName(QStringLiteral("tarvimentapedidos"));
+    QApplication::setWindowIcon(IconoAplicacion());
     // Every window opens whole and centred on its screen, whatever its size and fonts.
     EncajeVentanas encaje;
     app.installEventFilter(&encaje);

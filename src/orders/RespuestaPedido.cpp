@@ -1,5 +1,6 @@
 #include "orders/RespuestaPedido.h"
 
+#include "base/Diario.h"
 #include "base/ModuloPrincipal.h"
 #include "platform/CajaMensajes.h"
 #include "printing/RutasImpresion.h"
@@ -105,8 +106,16 @@ void Aceptado(ModuloPrincipal& m) {
 }
 
 QString EnviarAceptado(ModuloPrincipal& m) {
-    return m.ConsultarServidor(RutaRespuesta(
+    const QString r = m.ConsultarServidor(RutaRespuesta(
         m, QStringLiteral("Accepted"), m.PedidoActual.TiempoEstimado + QStringLiteral("_Minutos")));
+    if (RespuestaNoTomada(r)) {
+        qCWarning(diarioPedidos).noquote()
+            << "pedido" << m.UltimoIdPedido << "aceptación no tomada por el servicio";
+    } else {
+        qCInfo(diarioPedidos).noquote() << "pedido" << m.UltimoIdPedido << "aceptado,"
+                                        << m.PedidoActual.TiempoEstimado << "minutos";
+    }
+    return r;
 }
 
 // Once the service took an answer, the order is done with when its tickets are out, even if
@@ -188,9 +197,13 @@ bool EnviarRechazo(ModuloPrincipal& m, const QString& seleccion, const QString& 
     const QString r = m.ConsultarServidor(
         RutaRespuesta(m, QStringLiteral("Rejected"), ComponerMotivo(seleccion, masInfo)));
     if (RespuestaNoTomada(r)) {
+        qCWarning(diarioPedidos).noquote()
+            << "pedido" << m.UltimoIdPedido << "rechazo no tomado por el servicio";
         m.cajas().mostrar(SinConexion, estilo::Exclamacion);
         return false;
     }
+    qCInfo(diarioPedidos).noquote()
+        << "pedido" << m.UltimoIdPedido << "rechazado:" << ComponerMotivo(seleccion, masInfo);
     const AlTerminar fin(m, alTerminar);
     if (alResponder) {
         alResponder();

@@ -6,6 +6,7 @@
 #include "orders/FormPedidoNuevo.h"
 #include "orders/FormRechazarPedido.h"
 #include "orders/RespuestaPedido.h"
+#include "orders/TeclasMostrador_ui.h"
 #include "platform/CajaMensajes.h"
 #include "platform/Controles_ui.h"
 #include "platform/EjecucionProtegida.h"
@@ -14,6 +15,7 @@
 #include "products/FormProductosRechazarIngredientes.h"
 #include "sound/AlertaSonora.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
@@ -44,6 +46,7 @@ RespuestasPedido::RespuestasPedido(ModuloPrincipal& m, FormPedidoNuevo& nuevo,
             [this] { protegido([this] { PulsarAceptar(); }); });
     connect(&nuevo_, &FormPedidoNuevo::rechazarPulsado, this,
             [this] { protegido([this] { PulsarRechazar(); }); });
+    TeclasMostrador(&nuevo_, QStringLiteral("Aceptar"), QStringLiteral("Silenciar"));
 }
 
 void RespuestasPedido::protegido(const std::function<void()>& manejador) {
@@ -58,6 +61,22 @@ FormAceptarPedido& RespuestasPedido::formAceptarPedido() {
                 [this](int i) { protegido([this, i] { PulsarMinutos(i); }); });
         connect(aceptar_, &FormAceptarPedido::atrasPulsado, this,
                 [this] { protegido([this] { PulsarAtrasAceptar(aceptar_); }); });
+        TeclasMostrador(aceptar_, QString(), QStringLiteral("butCancelarAceptar"));
+        QList<int> valores;
+        for (int i = 0; i < respuesta_pedido::NumBotonesMinutos - 1; ++i) {
+            valores.append(respuesta_pedido::MinutosDeBoton(i));
+        }
+        MinutosATeclado(aceptar_, valores, [this](int minutos) -> QAbstractButton* {
+            for (auto* b :
+                 aceptar_->findChildren<QAbstractButton*>(QStringLiteral("AceptarMinutos"))) {
+                const int i = b->property("Index").toInt();
+                if (i < respuesta_pedido::NumBotonesMinutos - 1 &&
+                    respuesta_pedido::MinutosDeBoton(i) == minutos) {
+                    return b;
+                }
+            }
+            return nullptr;
+        });
     }
     return *aceptar_;
 }
@@ -69,6 +88,8 @@ FormAceptarPedidoProg& RespuestasPedido::formAceptarPedidoProg() {
                 [this] { protegido([this] { PulsarAceptarProgramado(); }); });
         connect(aceptarProg_, &FormAceptarPedidoProg::atrasPulsado, this,
                 [this] { protegido([this] { PulsarAtrasAceptar(aceptarProg_); }); });
+        TeclasMostrador(aceptarProg_, QStringLiteral("AceptarProgramado"),
+                        QStringLiteral("butCancelarAceptar"));
     }
     return *aceptarProg_;
 }
@@ -82,6 +103,8 @@ FormRechazarPedido& RespuestasPedido::formRechazarPedido() {
                 [this] { protegido([this] { PulsarRechazarMotivo(); }); });
         connect(rechazar_, &FormRechazarPedido::atrasPulsado, this,
                 [this] { protegido([this] { PulsarCancelarRechazar(); }); });
+        TeclasMostrador(rechazar_, QStringLiteral("butRechazar"),
+                        QStringLiteral("butCancelarRechazar"));
     }
     return *rechazar_;
 }
@@ -93,6 +116,8 @@ FormProductosRechazarIngredientesPedido& RespuestasPedido::formProductosRechazar
                 [this] { protegido([this] { PulsarHecho(); }); });
         connect(lista_, &FormProductosRechazarIngredientesPedido::cerrarPulsado, this,
                 [this] { protegido([this] { PulsarCerrarLista(); }); });
+        TeclasMostrador(lista_, QStringLiteral("CommandHecho"), QStringLiteral("butCerrar"),
+                        QStringLiteral("ListViewProductosNoIngredientes"));
     }
     return *lista_;
 }

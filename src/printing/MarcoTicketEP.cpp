@@ -1,5 +1,6 @@
 #include "printing/MarcoTicketEP.h"
 
+#include "base/Diario.h"
 #include "base/ErrorEjecucion.h"
 #include "base/ModuloPrincipal.h"
 #include "platform/CajaMensajes.h"
@@ -16,8 +17,12 @@ void EjecutarMarcoEP(ModuloPrincipal& m, const QString& nombreImpresora,
     try {
         cuerpo(canal);
         canal.Cerrar();
+        qCInfo(diarioImpresion).noquote() << ('"' + nombreImpresora + '"') << "ticket impreso";
     } catch (const ErrorEjecucion& e) {
         canal.Abortar();
+        qCWarning(diarioImpresion).noquote()
+            << ('"' + nombreImpresora + '"') << "ticket NO impreso: error" << e.numero()
+            << e.descripcion();
         if (e.numero() == ErrorEjecucion::ArchivoNoEncontrado) {
             m.cajas().mostrar(TextoPuertoNoEncontrado(nombreImpresora), estilo::SoloAceptar);
         } else {

@@ -1,6 +1,7 @@
 #include "printing/RutasImpresion.h"
 
 #include "base/ClassConfigImpresora.h"
+#include "base/Diario.h"
 #include "base/ErrorEjecucion.h"
 #include "base/ModuloPrincipal.h"
 #include "base/Pedido.h"
@@ -36,6 +37,10 @@ bool Diferido(const QString& paraDia, bool automatico, bool imprimirEnCocina) {
 }
 
 void ImprimirPedido(ModuloPrincipal& m, const ClassConfigImpresora& imp, int copias) {
+    qCInfo(diarioImpresion).noquote()
+        << "pedido" << m.PedidoActual.NumPedido << (m.PedidoActual.Estado + u':') << copias
+        << (copias == 1 ? "copia para" : "copias para") << imp.TipoImpresion
+        << ('"' + imp.NombreImpresora + '"') << (imp.Cocina ? "(cocina)" : "(cliente)");
     if (imp.TipoImpresion == u"DW") {
         ImpresorasDW& impresoras = m.impresorasDW();
         HacerActualPorNombre(impresoras, imp.NombreImpresora);
@@ -48,11 +53,16 @@ void ImprimirPedido(ModuloPrincipal& m, const ClassConfigImpresora& imp, int cop
                 } else {
                     ImprimirTicketDW(m, *impresora, imp);
                 }
+                qCInfo(diarioImpresion).noquote()
+                    << ('"' + imp.NombreImpresora + '"') << "copia" << i + 1 << "impresa";
             }
         } catch (const ErrorEjecucion& e) {
             if (impresora != nullptr) {
                 impresora->KillDoc();
             }
+            qCWarning(diarioImpresion).noquote()
+                << ('"' + imp.NombreImpresora + '"') << "copia NO impresa del pedido"
+                << m.PedidoActual.NumPedido << ":" << e.descripcion();
             m.cajas().critico(
                 TextoFalloImpresoraDW(e, imp.NombreImpresora, m.PedidoActual.NumPedido));
         }

@@ -2,6 +2,7 @@
 
 #include "base/ArchivosLocales.h"
 #include "base/CaminoPedido.h"
+#include "base/Diario.h"
 #include "base/ModuloPrincipal.h"
 #include "history/FormInformes.h"
 #include "history/FormPedidoAnterior.h"
@@ -640,6 +641,8 @@ void Form1::caminoPedido(QString respuesta) {
     }
     ParsearPedido(m_, respuesta);
     m_.UltimoIdPedido = m_.PedidoActual.NumPedido;
+    qCInfo(diarioPedidos).noquote() << "pedido" << m_.PedidoActual.NumPedido << "recibido, total"
+                                    << m_.PedidoActual.TotalPedido;
     if (AceptarPedido && DecidirAceptacionAutomatica(m_)) {
         // Accepted without a window: no sound, no screen.
         AceptarPedido();
@@ -664,6 +667,7 @@ void Form1::caminoPedido(QString respuesta) {
     ventana.setWindowState(ventana.windowState() & ~Qt::WindowMinimized);
     ventana.show();
     ColocarVentana(&ventana, true);
+    qCInfo(diarioPedidos).noquote() << "pedido" << m_.PedidoActual.NumPedido << "en pantalla";
     ventana.IniciarParpadeo();
     if (m_.IntervaloEscaneoPedActualizado >= 1) {
         timerPedActualizado_->setInterval(m_.IntervaloEscaneoPedActualizado);

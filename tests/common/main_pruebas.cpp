@@ -4,6 +4,7 @@
 // entries) lands in the real home.
 #include <QApplication>
 #include <QDir>
+#include <QLoggingCategory>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -15,6 +16,8 @@ int main(int argc, char** argv) {
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(QDir(home.path()).filePath(".config")));
     qputenv("XDG_DATA_HOME", QFile::encodeName(QDir(home.path()).filePath(".local/share")));
     QApplication app(argc, argv);
+    // The desk's journal stays quiet in tests; a test that reads it switches it on.
+    QLoggingCategory::setFilterRules(QStringLiteral("tarvimenta.*=false"));
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -20,6 +20,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLoggingCategory>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
@@ -372,4 +373,176 @@ TEST_F(Respuestas, MenosUnoAceptaUnoConCeroYElSiguienteSaleEnPantalla) {
     EXPECT_TRUE(m.PedidoNuevoPendiente);
     EXPECT_TRUE(nuevo().isVisible());
     EXPECT_EQ(m.UltimoIdPedido, QStringLiteral("5003"));
+}
+
+namespace {
+
+enum class Ventana { Pedido, Minutos, Programado, Rechazo };
+
+struct Pulsacion {
+    Ventana en;
+    int tecla;
+};
+
+struct CasoTeclado {
+    const char* nombre;
+    const QString& linea;
+    std::vector<Pulsacion> teclas;
+    const char* enviado; // "" for nothing sent
+};
+
+} // namespace
+
+// At the counter the keyboard alone answers: Enter accepts (or presses the focused button),
+// Escape silences the order or goes back, digits pick the minutes, arrows pick a reason.
+TEST_F(Respuestas, ElTecladoBastaParaResponder) {
+    const CasoTeclado casos[] = {
+        {"intro, 2 0, intro",
+         kDomicilio,
+         {{Ventana::Pedido, Qt::Key_Return},
+          {Ventana::Minutos, Qt::Key_2},
+          {Ventana::Minutos, Qt::Key_0},
+          {Ventana::Minutos, Qt::Key_Enter}},
+         "a=41&o=5001&ak=Accepted&m=20_Minutos&dt=nousado&u=nousado&p=pg7"},
+        {"escape vuelve; 7 no es ningún botón; 4 5 sí",
+         kDomicilio,
+         {{Ventana::Pedido, Qt::Key_Return},
+          {Ventana::Minutos, Qt::Key_Escape},
+          {Ventana::Pedido, Qt::Key_Return},
+          {Ventana::Minutos, Qt::Key_7},
+          {Ventana::Minutos, Qt::Key_Return},
+          {Ventana::Minutos, Qt::Key_4},
+          {Ventana::Minutos, Qt::Key_5},
+          {Ventana::Minutos, Qt::Key_Return}},
+         "a=41&o=5001&ak=Accepted&m=45_Minutos&dt=nousado&u=nousado&p=pg7"},
+        {"un programado se acepta con dos intros",
+         kProgramado,
+         {{Ventana::Pedido, Qt::Key_Return}, {Ventana::Programado, Qt::Key_Return}},
+         "a=41&o=5002&ak=Accepted&m=0_Minutos&dt=nousado&u=nousado&p=pg7"},
+        {"escape en el pedido solo silencia", kDomicilio, {{Ventana::Pedido, Qt::Key_Escape}}, ""},
+        {"tabulador hasta Rechazar; del texto, atrás al motivo, flecha, intro",
+         kDomicilio,
+         {{Ventana::Pedido, Qt::Key_Tab},
+          {Ventana::Pedido, Qt::Key_Return},
+          {Ventana::Rechazo, Qt::Key_Backtab},
+          {Ventana::Rechazo, Qt::Key_Down},
+          {Ventana::Rechazo, Qt::Key_Return}},
+         "a=41&o=5001&ak=Rejected&m=Cerrado%20por%20hoy&dt=nousado&u=nousado&p=pg7"},
+    };
+    for (const CasoTeclado& c : casos) {
+        SCOPED_TRACE(c.nombre);
+        sim.limpiarRegistro();
+        llega(c.linea);
+        ASSERT_TRUE(nuevo().isVisible());
+        for (const Pulsacion& p : c.teclas) {
+            QWidget* w = nullptr;
+            switch (p.en) {
+            case Ventana::Pedido:
+                w = &nuevo();
+                break;
+            case Ventana::Minutos:
+                w = &minutos();
+                break;
+            case Ventana::Programado:
+                w = &r().formAceptarPedidoProg();
+                break;
+            case Ventana::Rechazo:
+                w = &rechazo();
+                break;
+            }
+            ASSERT_TRUE(w->isVisible()) << "tecla " << p.tecla;
+            w->activateWindow();
+            // Shortcuts go to the active window only.
+            ASSERT_TRUE(QTest::qWaitFor([w] { return w->isActiveWindow(); }, 2000));
+            QWidget* destino = w->focusWidget() != nullptr ? w->focusWidget() : w;
+
+            QTest::keyClick(destino, static_cast<Qt::Key>(p.tecla));
+        }
+        const QStringList enviadas = respuestas();
+        if (*c.enviado == '\0') {
+            EXPECT_TRUE(enviadas.isEmpty());
+            EXPECT_TRUE(nuevo().isVisible());
+            EXPECT_TRUE(nuevo().TimerSilenciar().enabled()); // silenced for a minute
+            pulsar(&nuevo(), "Rechazar");
+            rechazo().findChild<QComboBox*>(QStringLiteral("comMotivoRechazo"))->setCurrentIndex(1);
+            pulsar(&rechazo(), "butRechazar"); // clear the order for the next case
+        } else {
+            EXPECT_EQ(enviadas, QStringList{QString::fromUtf8(c.enviado)});
+            EXPECT_FALSE(m.PedidoNuevoPendiente);
+        }
+    }
+}
+
+namespace {
+
+// The desk's journal lines written while it runs, with the journal switched on.
+class DiarioCapturado {
+public:
+    DiarioCapturado() {
+        lineas_().clear();
+        QLoggingCategory::setFilterRules(QStringLiteral("tarvimenta.*=true"));
+        anterior_ = qInstallMessageHandler(
+            [](QtMsgType, const QMessageLogContext& c, const QString& texto) {
+                if (c.category != nullptr && QByteArray(c.category).startsWith("tarvimenta.")) {
+                    lineas_().append(texto);
+                }
+            });
+    }
+    ~DiarioCapturado() {
+        qInstallMessageHandler(anterior_);
+        QLoggingCategory::setFilterRules(QStringLiteral("tarvimenta.*=false"));
+    }
+    DiarioCapturado(const DiarioCapturado&) = delete;
+    DiarioCapturado& operator=(const DiarioCapturado&) = delete;
+    static QStringList& lineas_() {
+        static QStringList l;
+        return l;
+    }
+
+private:
+    QtMessageHandler anterior_;
+};
+
+} // namespace
+
+// From the journal alone a person can tell what became of an order and of each ticket copy.
+TEST_F(Respuestas, ElDiarioCuentaElCaminoDeCadaPedido) {
+    const struct {
+        const char* nombre;
+        std::function<void()> responder;
+        QStringList esperadas;
+    } casos[] = {
+        {"aceptado",
+         [&] {
+             pulsar(&nuevo(), "Aceptar");
+             QTest::mouseClick(minutos().AceptarMinutos(3), Qt::LeftButton);
+         },
+         {"pedido 5001 recibido, total", "pedido 5001 en pantalla",
+          "pedido 5001 aceptado, 20 minutos",
+          "pedido 5001 Aceptado: 2 copias para EP \"Mostrador\" (cliente)",
+          "\"Mostrador\" ticket impreso", "\"Mostrador\" ticket impreso"}},
+        {"rechazado sin conexión y después rechazado",
+         [&] {
+             pulsar(&nuevo(), "Rechazar");
+             rechazo().comMotivoRechazo()->setCurrentIndex(1);
+             sim.fallo(QStringLiteral("error"), 0, 1, kRespuesta);
+             pulsar(&rechazo(), "butRechazar");
+             pulsar(&rechazo(), "butRechazar");
+         },
+         {"pedido 5001 recibido, total", "pedido 5001 en pantalla",
+          "pedido 5001 rechazo no tomado por el servicio", "pedido 5001 rechazado: Cerrado por hoy",
+          "pedido 5001 Rechazado: 1 copia para EP \"Mostrador\" (cliente)",
+          "\"Mostrador\" ticket impreso"}},
+    };
+    for (const auto& c : casos) {
+        SCOPED_TRACE(c.nombre);
+        const DiarioCapturado diario;
+        llega(kDomicilio);
+        c.responder();
+        const QStringList& lineas = DiarioCapturado::lineas_();
+        ASSERT_EQ(lineas.size(), c.esperadas.size()) << lineas.join(u'|').toStdString();
+        for (qsizetype i = 0; i < lineas.size(); ++i) {
+            EXPECT_TRUE(lineas[i].startsWith(c.esperadas[i])) << lineas[i].toStdString();
+        }
+    }
 }
