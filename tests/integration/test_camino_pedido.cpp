@@ -11,6 +11,7 @@
 #include "orders/RespuestaPedido.h"
 #include "orders/RespuestasPedido_ui.h"
 #include "platform/CajaMensajes.h"
+#include "platform/CanalHttp.h"
 #include "platform/Temporizador.h"
 #include "shell/Form1.h"
 
@@ -19,7 +20,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <gtest/gtest.h>
-#include <iostream>
 
 namespace {
 
@@ -49,6 +49,22 @@ public:
     }
 };
 
+// The real HTTP channel, with a hook that runs before each request leaves.
+class CanalVigilado : public CanalHttp {
+public:
+    std::function<void(const QByteArray& url)> antes;
+
+    RespuestaHttp obtener(const QByteArray& url) override {
+        if (antes) {
+            antes(url);
+        }
+        return real_.obtener(url);
+    }
+
+private:
+    CanalHttpQt real_;
+};
+
 // An order for now, delivered, with `n` products: pizzas (category 12) and desserts (15).
 QString lineaPedido(int numero, int n) {
     QStringList productos;
@@ -67,6 +83,7 @@ struct CaminoPedido : ::testing::Test {
     ImpresoraTcp cliente, cocina1, cocina2;
     ModuloPrincipal m;
     CajaLeida* caja = nullptr;
+    std::vector<CanalVigilado*> canales;
     std::unique_ptr<Form1> f;
     // Requests the service had when the last box came up and when it went.
     qsizetype alAbrirCaja = -1;
@@ -80,6 +97,11 @@ struct CaminoPedido : ::testing::Test {
         auto c = std::make_unique<CajaLeida>();
         caja = c.get();
         m.setCajas(std::move(c));
+        auto d = std::make_unique<CanalVigilado>();
+        auto i1 = std::make_unique<CanalVigilado>();
+        auto i2 = std::make_unique<CanalVigilado>();
+        canales = {d.get(), i1.get(), i2.get()};
+        m.setCanales(std::move(d), std::move(i1), std::move(i2));
         m.setServidor(sim.base());
         m.CarpetaDatos = carpeta.path();
         m.CarpetaAplicacion = QStringLiteral(CARPETA_BIN);
@@ -154,10 +176,6 @@ struct CaminoPedido : ::testing::Test {
                 EXPECT_TRUE(t.bytes.contains(": " + numero.toLatin1())) << numero.toStdString();
             }
         }
-        std::cout << "pedido " << numero.toStdString() << ": mostrador "
-                  << cliente.trabajos()[0].bytes.size() << "+" << cliente.trabajos()[1].bytes.size()
-                  << " bytes, horno " << cocina1.trabajos()[0].bytes.size() << " bytes, postres "
-                  << cocina2.trabajos()[0].bytes.size() << " bytes\n";
     }
     void limpiarImpresoras() {
         for (ImpresoraTcp* i : {&cliente, &cocina1, &cocina2}) {
@@ -223,7 +241,7 @@ TEST_F(CaminoPedido, ConElCuadroAbiertoNoSaleNingunaPeticion) {
         f->TimerConfig().setEnabled(false);
         f->TimerPrimeraConfig().setEnabled(false);
     };
-    sim.encolar(kPoll, {lineaPedido(6001, 4), lineaPedido(6002, 2)});
+    sim.encolar(kPoll, {lineaPedido(6001, 30), lineaPedido(6002, 2)});
     f->TimerPedidos().setInterval(kIntervalo);
     f->TimerPedidos().setEnabled(true);
 
@@ -241,6 +259,9 @@ TEST_F(CaminoPedido, ConElCuadroAbiertoNoSaleNingunaPeticion) {
     for (int i = 0; i < 4; ++i) {
         EXPECT_TRUE(copias[i].bytes.contains(i < 2 ? ": 6001" : ": 6002")) << i;
     }
+    // A long order reaches each printer down to its last product.
+    EXPECT_TRUE(copias[0].bytes.contains("Postre 29"));
+    EXPECT_TRUE(cocina1.trabajos()[0].bytes.contains("Pizza 28"));
     EXPECT_FALSE(f->formPedidoNuevo().isVisible());
 }
 
@@ -287,4 +308,33 @@ TEST_F(CaminoPedido, AceptacionAutomaticaNoTomadaSeReenviaYSeImprimeUnaVez) {
         EXPECT_EQ(rutas().value(3), kPoll);
         EXPECT_TRUE(caja->cajas.isEmpty());
     }
+}
+
+TEST_F(CaminoPedido, ConImprimirAntesAceptarLosTicketsSalenAntesDelEnvio) {
+    m.Impresora(1) = ClassConfigImpresora{}; // only the raw printers here
+    m.ImprimirAntesAceptar = true;
+    // When the answer is about to leave, every copy must already be on its way: the
+    // printers get it in full without the desk doing anything more.
+    bool todoAntes = false;
+    int envios = 0;
+    for (CanalVigilado* c : canales) {
+        c->antes = [&](const QByteArray& url) {
+            if (url.contains("respuestapedidos")) {
+                ++envios;
+                todoAntes = QTest::qWaitFor(
+                    [&] {
+                        return cliente.trabajos().size() >= 2 && cocina1.trabajos().size() >= 1 &&
+                               cocina2.trabajos().size() >= 1;
+                    },
+                    3000);
+            }
+        };
+    }
+    sim.encolar(kPoll, {lineaPedido(5003, 4)});
+    f->ComprobarPedidosNuevos();
+    aceptarCon20();
+    EXPECT_EQ(envios, 1);
+    EXPECT_TRUE(todoAntes);
+    EXPECT_EQ(cliente.trabajos().size(), 2);
+    EXPECT_EQ(respuestas().size(), 1);
 }

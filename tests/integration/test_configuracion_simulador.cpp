@@ -163,22 +163,6 @@ TEST_F(DeskEnProceso, DesdeUnaCarpetaVaciaElLoginDejaConfigTxtYEmpiezaASondear) 
     EXPECT_TRUE(QFile::exists(enHome("Desktop/TarvimentaPedidos.desktop")));
 }
 
-TEST_F(DeskEnProceso, UnaPasswordErroneaEsDatosErroneosYConfigTxtNoCambia) {
-    arrancar();
-    const QByteArray antes = configTxt();
-    ASSERT_EQ(antes.size(), 18);
-    entrar(QStringLiteral("7"), QStringLiteral("mala"), QStringLiteral("1"), true);
-    ASSERT_EQ(cajas->cajas().size(), 1);
-    EXPECT_EQ(cajas->cajas()[0].texto, QStringLiteral("Datos erróneos"));
-    EXPECT_EQ(cajas->cajas()[0].titulo, QStringLiteral("Error"));
-    EXPECT_EQ(cajas->cajas()[0].estilo, estilo::Exclamacion);
-    EXPECT_EQ(configTxt(), antes);
-    EXPECT_TRUE(f->AbrirAdmin().isVisible());
-    EXPECT_FALSE(f->TimerPedidos().enabled());
-    EXPECT_EQ(f->findChild<QLineEdit*>("TextEstablecimiento")->text(),
-              QStringLiteral("No configurado"));
-}
-
 TEST(DeskReal, ConElServicioCaidoPreguntaCadaTresSegundosHastaLaPrimeraLecturaBuena) {
     SimuladorPrueba sim;
     ASSERT_TRUE(sim.enMarcha());

@@ -63,31 +63,30 @@ TEST(ParsearPedido, UnPedidoADomicilioLlenaCadaCampoYElResumen) {
 
     EXPECT_EQ(resumen, SinMarcas(LineasDatos("resumen_pedido_domicilio.txt").join("\r\n")));
 
+    // What the summary does not show: each product's pieces and the unshown items.
+    QStringList productos;
+    for (const auto& pr : p.Productos) {
+        productos << QStringLiteral("%1|%2|%3|%4|%5|%6")
+                         .arg(pr.Cantidad)
+                         .arg(pr.Nombre, pr.Precio)
+                         .arg(pr.IdProducto)
+                         .arg(pr.IdCategoria)
+                         .arg(pr.Opciones);
+    }
+    EXPECT_EQ(
+        productos,
+        (QStringList{
+            "2|Pizza Margarita - Extra de queso|19.80|101|12|Cocina caliente//2//Extra de queso",
+            "1|Coca-Cola|2.50|140|14|"}));
     EXPECT_EQ(p.Establecimiento, QStringLiteral("Pizzería Sol"));
-    EXPECT_EQ(p.NumPedido, QStringLiteral("4521"));
-    ASSERT_EQ(p.Productos.size(), 2);
-    EXPECT_EQ(p.Productos[0].Cantidad, 2);
-    EXPECT_EQ(p.Productos[0].Nombre, QStringLiteral("Pizza Margarita - Extra de queso"));
-    EXPECT_EQ(p.Productos[0].Precio, QStringLiteral("19.80"));
-    EXPECT_EQ(p.Productos[0].IdProducto, 101);
-    EXPECT_EQ(p.Productos[0].IdCategoria, 12);
-    EXPECT_EQ(p.Productos[0].Opciones, QStringLiteral("Cocina caliente//2//Extra de queso"));
-    EXPECT_EQ(p.Productos[1].Opciones, QString());
-    EXPECT_EQ(p.Productos[1].IdCategoria, 14);
     EXPECT_EQ(p.TextoProductos, QStringLiteral("\r\n2 X Pizza Margarita - Extra de queso 19.80€"
                                                "\r\n1 X Coca-Cola 2.50€"));
-    EXPECT_EQ(p.FormaEntrega, QStringLiteral("Calle Mayor 5"));
-    EXPECT_EQ(p.Para, QStringLiteral("Para: Ahora"));
-    EXPECT_EQ(p.ParaDia, QString());
-    EXPECT_FALSE(p.ImprimirEnCocina);
-    EXPECT_EQ(p.Cambio, QString());
-    EXPECT_EQ(p.Estado, QStringLiteral("Pendiente"));
-    EXPECT_EQ(p.TiempoEstimado, QString());
-    EXPECT_EQ(p.MotivoRechazo, QString());
-    EXPECT_EQ(p.CodigoPromocion, QString());
+    EXPECT_EQ(p.FormaEntrega + '|' + p.Para + '|' + p.ParaDia,
+              QStringLiteral("Calle Mayor 5|Para: Ahora|"));
+    EXPECT_EQ(p.Estado + '|' + p.TiempoEstimado + '|' + p.MotivoRechazo + '|' + p.CodigoPromocion,
+              QStringLiteral("Pendiente|||"));
+    EXPECT_FALSE(p.ImprimirEnCocina || p.WebParticular || p.HoraAceptacion.isValid());
     EXPECT_EQ(p.QuienAsume, 0);
-    EXPECT_FALSE(p.WebParticular);
-    EXPECT_FALSE(p.HoraAceptacion.isValid());
     EXPECT_TRUE(e.cajas->cajas().isEmpty());
 }
 

@@ -164,19 +164,6 @@ TEST_F(ImpresionPdf, ConLaConfiguracionDeSerieLosPreciosAcabanEnLaMismaColumna) 
     EXPECT_NEAR(bordes[u"25,75€"_qs], bordes[u"9,50€"_qs], 0.6 * 14 / 2);
 }
 
-TEST_F(ImpresionPdf, DosCopiasSonDosDocumentos) {
-    const ClassConfigImpresora i = impresoraDW("Mostrador");
-    auto impresora = pdf("copia.pdf");
-    ImprimirTicketDW(m, *impresora, i);
-    ImprimirTicketDW(m, *impresora, i);
-    ASSERT_EQ(impresora->ficherosPdf(),
-              (QStringList{carpeta + "/copia.pdf", carpeta + "/copia-2.pdf"}));
-    for (const QString& f : impresora->ficherosPdf()) {
-        const QStringList lineas = texto(f);
-        EXPECT_EQ(lineas.count(u"Ped. Nº: 1234"_qs), 1) << f.toStdString();
-    }
-}
-
 TEST_F(ImpresionPdf, UnTicketMasLargoQueLaPaginaSigueEnOtra) {
     auto impresora = ImpresoraDWQt::haciaPdf(carpeta + "/largo.pdf", QSizeF(80, 40));
     impresora->setFont("DejaVu Sans Mono");

@@ -41,6 +41,19 @@ int NumeroDeError(Ranuras& r, const QString& lista) {
     return 0;
 }
 
+// Each member named holds its value after the reading; a row per member.
+struct Valor {
+    size_t ranura;
+    const char* miembro;
+    QVariant esperado;
+};
+void Comprobar(const Ranuras& r, std::initializer_list<Valor> valores) {
+    for (const Valor& v : valores) {
+        EXPECT_EQ(miembros_impresora::Leer(r[v.ranura], QLatin1String(v.miembro)), v.esperado)
+            << v.ranura + 1 << " " << v.miembro;
+    }
+}
+
 } // namespace
 
 TEST(LecturaImpresoras, CadaTipoLeeSuBloqueYLasOpcionalesTomanSuValor) {
@@ -53,32 +66,30 @@ TEST(LecturaImpresoras, CadaTipoLeeSuBloqueYLasOpcionalesTomanSuValor) {
                                                                " epcomsubirlineas:'27,100,3'")) +
                               QStringLiteral("]"));
     EXPECT_EQ(n, 2);
-    const ClassConfigImpresora& dw = r[0];
-    EXPECT_EQ(dw.NombreImpresora, QStringLiteral("Caja de la barraá"));
-    EXPECT_EQ(dw.TipoImpresion, QStringLiteral("DW"));
-    EXPECT_EQ(dw.NumeroCopiasAceptado, 2);
-    EXPECT_EQ(dw.NumeroCopiasAceptadoRecoger, -1); // missing: same as accepted
-    EXPECT_EQ(dw.NumeroCopiasRechazado, 1);
-    EXPECT_EQ(dw.AnchoPapel, 80);
-    EXPECT_DOUBLE_EQ(dw.FactorFuente, 3.8448);
-    EXPECT_EQ(dw.Font, QStringLiteral("Lucida Console"));
-    EXPECT_EQ(dw.InicioX, 5);
-    EXPECT_EQ(dw.InicioY, 6);
-    EXPECT_EQ(dw.TamannoFuentePequenna, 10);
-    EXPECT_EQ(dw.EPConexion, QString());
-    EXPECT_EQ(dw.EPNumColumnas, 0);
-
-    const ClassConfigImpresora& ep = r[2];
-    EXPECT_EQ(ep.NumeroCopiasAceptadoRecoger, 0);
-    EXPECT_EQ(ep.EPConexion, QStringLiteral("COM1:9600,n,8,1"));
-    EXPECT_EQ(ep.EPNumColumnas, 48);
-    EXPECT_EQ(ep.EPComSubirYCotarPapel, QStringLiteral("29,86,66,0"));
-    EXPECT_EQ(ep.EPComSubirLineas, QStringLiteral("27,100,3"));
-    EXPECT_EQ(ep.EPComExtrasFin, QString());
-    // The driver block is not read for a raw printer, present or not.
-    EXPECT_EQ(ep.AnchoPapel, 0);
-    EXPECT_EQ(ep.Font, QString());
-    EXPECT_EQ(ep.FactorFuente, 0.0);
+    // Missing copies for collection: -1, the same as accepted. The driver block is not read
+    // for a raw printer, present or not.
+    Comprobar(r, {{0, "NombreImpresora", u"Caja de la barraá"_qs},
+                  {0, "TipoImpresion", "DW"},
+                  {0, "NumeroCopiasAceptado", 2},
+                  {0, "NumeroCopiasAceptadoRecoger", -1},
+                  {0, "NumeroCopiasRechazado", 1},
+                  {0, "AnchoPapel", 80},
+                  {0, "FactorFuente", 3.8448},
+                  {0, "Font", "Lucida Console"},
+                  {0, "InicioX", 5},
+                  {0, "InicioY", 6},
+                  {0, "TamannoFuentePequenna", 10},
+                  {0, "EPConexion", ""},
+                  {0, "EPNumColumnas", 0},
+                  {2, "NumeroCopiasAceptadoRecoger", 0},
+                  {2, "EPConexion", "COM1:9600,n,8,1"},
+                  {2, "EPNumColumnas", 48},
+                  {2, "EPComSubirYCotarPapel", "29,86,66,0"},
+                  {2, "EPComSubirLineas", "27,100,3"},
+                  {2, "EPComExtrasFin", ""},
+                  {2, "AnchoPapel", 0},
+                  {2, "Font", ""},
+                  {2, "FactorFuente", 0.0}});
     for (int i : {1, 3, 4, 5, 6, 7, 8, 9}) {
         EXPECT_TRUE(r[static_cast<size_t>(i)].NombreImpresora.isEmpty()) << i;
     }
@@ -101,34 +112,30 @@ TEST(LecturaImpresoras, LosCamposDeCocinaSoloSiCocinaYLosBooleanos) {
                                   " productosycomentariosmayus:'no es nada', mostrarhoraentrega:1,"
                                   " saltolineaopciones:null")) +
              QStringLiteral("]"));
-    const ClassConfigImpresora& horno = r[1];
-    EXPECT_TRUE(horno.Cocina); // any non-zero value
-    EXPECT_EQ(horno.CategoriasIds, QStringLiteral("1,2"));
-    EXPECT_EQ(horno.ProductosExcepIds, QStringLiteral("7"));
-    EXPECT_EQ(horno.ProductosIds, QStringLiteral("9"));
-    EXPECT_EQ(horno.FormaEnvio, 2);
-    EXPECT_TRUE(horno.MostrarNombreImpresora);
-    EXPECT_TRUE(horno.NombreImpresoraGrande);
-    EXPECT_TRUE(horno.DatosClienteCocina);
-    EXPECT_TRUE(horno.MostrarPreciosProdCocina);
-    EXPECT_EQ(horno.NumPedidoYFormaEnvFinal, 3);
-
-    const ClassConfigImpresora& barra = r[3];
-    EXPECT_FALSE(barra.Cocina);
-    EXPECT_EQ(barra.CategoriasIds, QString());
-    EXPECT_EQ(barra.FormaEnvio, 0);
-    EXPECT_FALSE(barra.MostrarNombreImpresora);
-    EXPECT_EQ(barra.NumPedidoYFormaEnvFinal, 0);
-
-    const ClassConfigImpresora& rara = r[4];
-    EXPECT_EQ(rara.TipoImpresion, QStringLiteral("XX"));
-    EXPECT_TRUE(rara.ReemplazarCaracEscPosPC858);
-    EXPECT_TRUE(rara.DatosClienteYEnvioGrande);
-    EXPECT_FALSE(rara.ProductosYComentariosMayus);
-    EXPECT_TRUE(rara.MostrarHoraEntrega);
-    EXPECT_FALSE(rara.SaltoLineaOpciones);
-    EXPECT_EQ(rara.AnchoPapel, 0);
-    EXPECT_EQ(rara.EPNumColumnas, 0);
+    // Kitchen: any non-zero value. Booleans: only 1 and true.
+    Comprobar(r, {{1, "Cocina", true},
+                  {1, "CategoriasIds", "1,2"},
+                  {1, "ProductosExcepIds", "7"},
+                  {1, "ProductosIds", "9"},
+                  {1, "FormaEnvio", 2},
+                  {1, "MostrarNombreImpresora", true},
+                  {1, "NombreImpresoraGrande", true},
+                  {1, "DatosClienteCocina", true},
+                  {1, "MostrarPreciosProdCocina", true},
+                  {1, "NumPedidoYFormaEnvFinal", 3},
+                  {3, "Cocina", false},
+                  {3, "CategoriasIds", ""},
+                  {3, "FormaEnvio", 0},
+                  {3, "MostrarNombreImpresora", false},
+                  {3, "NumPedidoYFormaEnvFinal", 0},
+                  {4, "TipoImpresion", "XX"},
+                  {4, "ReemplazarCaracEscPosPC858", true},
+                  {4, "DatosClienteYEnvioGrande", true},
+                  {4, "ProductosYComentariosMayus", false},
+                  {4, "MostrarHoraEntrega", true},
+                  {4, "SaltoLineaOpciones", false},
+                  {4, "AnchoPapel", 0},
+                  {4, "EPNumColumnas", 0}});
 }
 
 TEST(LecturaImpresoras, NumeroFueraDeRangoYRanurasQueDesaparecen) {

@@ -105,22 +105,18 @@ TEST_F(AjustesGenerales_, LaPruebaSuenaEnSuModoYDevuelveLosGuardados) {
     PruebaMelodia prueba(e.m);
     EXPECT_EQ(prueba.alternar(QStringLiteral("Play"), 1, QStringLiteral("bolero.wav")),
               QStringLiteral("Stop"));
-    ASSERT_EQ(wmp->llamadas.size(), 1);
-    EXPECT_TRUE(wmp->llamadas[0].startsWith(QStringLiteral("reproducir ")));
-    EXPECT_TRUE(wmp->llamadas[0].endsWith(QStringLiteral("/bolero.wav")));
+    const QString bolero = QStringLiteral("/bolero.wav");
+    EXPECT_EQ(wmp->llamadas, QStringList{"reproducir " + e.m.CarpetaAplicacion + bolero});
     EXPECT_TRUE(mci->llamadas.isEmpty());
     // While it plays, the desk's own alert is still the saved one.
     EXPECT_EQ(e.m.TipoReproAudio, 0);
-    EXPECT_EQ(e.m.MelodiaPedNuevo, QStringLiteral("corneta.mp3"));
     EXPECT_TRUE(e.m.sonido().RutaMelodia().endsWith(QStringLiteral("corneta.mp3")));
     EXPECT_TRUE(e.m.sonido().musicaSonando());
 
     // The stop goes to the preview's player and melody, whatever the window shows now.
     EXPECT_EQ(prueba.alternar(QStringLiteral("Stop"), 0, QStringLiteral("sirena.mp3")),
               QStringLiteral("Play"));
-    ASSERT_EQ(wmp->llamadas.size(), 2);
-    EXPECT_TRUE(wmp->llamadas[1].startsWith(QStringLiteral("detener ")));
-    EXPECT_TRUE(wmp->llamadas[1].endsWith(QStringLiteral("/bolero.wav")));
+    EXPECT_EQ(wmp->llamadas.value(1), "detener " + e.m.CarpetaAplicacion + bolero);
     EXPECT_FALSE(e.m.sonido().musicaSonando());
     EXPECT_EQ(e.m.TipoReproAudio, 0);
     EXPECT_EQ(e.m.MelodiaPedNuevo, QStringLiteral("corneta.mp3"));

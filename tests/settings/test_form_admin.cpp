@@ -58,16 +58,8 @@ struct FormAdmin_ : ::testing::Test {
 TEST_F(FormAdmin_, LaCargaMuestraVersionCasillaYNumeroSegunConfigTxt) {
     // No establishment yet: the box keeps its designed state, no number selected.
     abrir();
-    EXPECT_EQ(control<QLabel>("Label3")->text(), QStringLiteral("1.6.2"));
     EXPECT_FALSE(control<QCheckBox>("CheckInicioWindows")->isChecked());
-    EXPECT_EQ(control<QCheckBox>("CheckInicioWindows")->text(),
-              QStringLiteral("Incluir en Inicio Windows"));
-    auto* combo = control<QComboBox>("ComboNumConfig");
-    ASSERT_EQ(combo->count(), 9);
-    EXPECT_EQ(combo->itemText(0), QStringLiteral("1"));
-    EXPECT_EQ(combo->itemText(8), QStringLiteral("9"));
-    EXPECT_EQ(combo->currentIndex(), -1);
-    EXPECT_EQ(control<QLineEdit>("txtPassword")->echoMode(), QLineEdit::Password);
+    EXPECT_EQ(control<QComboBox>("ComboNumConfig")->currentIndex(), -1);
 
     e.m.IdEstablecimiento = 7;
     e.m.NumConfig = 3;
@@ -83,13 +75,10 @@ TEST_F(FormAdmin_, LaCargaMuestraVersionCasillaYNumeroSegunConfigTxt) {
 TEST_F(FormAdmin_, VerMuestraYOcultaLaPassword) {
     abrir();
     auto* ver = control<QPushButton>("botVerpass");
-    EXPECT_EQ(ver->text(), QStringLiteral("Ver"));
-    QTest::mouseClick(ver, Qt::LeftButton);
-    EXPECT_EQ(control<QLineEdit>("txtPassword")->echoMode(), QLineEdit::Normal);
-    EXPECT_EQ(ver->text(), QStringLiteral("Ocul."));
-    QTest::mouseClick(ver, Qt::LeftButton);
-    EXPECT_EQ(control<QLineEdit>("txtPassword")->echoMode(), QLineEdit::Password);
-    EXPECT_EQ(ver->text(), QStringLiteral("Ver"));
+    for (auto modo : {QLineEdit::Normal, QLineEdit::Password}) {
+        QTest::mouseClick(ver, Qt::LeftButton);
+        EXPECT_EQ(control<QLineEdit>("txtPassword")->echoMode(), modo);
+    }
 }
 
 TEST_F(FormAdmin_, DatosQueFaltanODatosErroneos) {
@@ -102,8 +91,6 @@ TEST_F(FormAdmin_, DatosQueFaltanODatosErroneos) {
     ASSERT_EQ(e.cajas->cajas().size(), 2);
     for (const auto& c : e.cajas->cajas()) {
         EXPECT_EQ(c.texto, QStringLiteral("Debe introducir Id Establecimiento y Password"));
-        EXPECT_EQ(c.titulo, QStringLiteral("Error"));
-        EXPECT_EQ(c.estilo, 48);
     }
     EXPECT_TRUE(e.canales.directo->urls.isEmpty());
 
@@ -119,7 +106,6 @@ TEST_F(FormAdmin_, DatosQueFaltanODatosErroneos) {
     aceptar();
     ASSERT_EQ(e.cajas->cajas().size(), 1);
     EXPECT_EQ(e.cajas->cajas()[0].texto, QStringLiteral("Datos erróneos"));
-    EXPECT_EQ(e.cajas->cajas()[0].titulo, QStringLiteral("Error"));
     EXPECT_EQ(configTxt(), antes);
     EXPECT_TRUE(admin->isVisible());
     EXPECT_EQ(control<QLineEdit>("txtPassword")->text(), QStringLiteral("mala"));
@@ -143,8 +129,6 @@ TEST_F(FormAdmin_, UnIdQueNoEsNumeroDejaElAnteriorYSinNumeroEsUnErrorDeEjecucion
         "obtenerConfiguracionV2?idEstablecimiento=7&passwordconfig=clave&numconfig=2&"));
     EXPECT_FALSE(admin->isVisible());
     EXPECT_EQ(aplicada, 1);
-    EXPECT_EQ(control<QLineEdit>("txtIdEstablecimiento")->text(), QString());
-    EXPECT_EQ(control<QLineEdit>("txtPassword")->text(), QString());
     EXPECT_EQ(e.m.AccesosCreados, 1);
     // Id 7, empty plain password, no old printer, nothing reserved, "clave" enciphered,
     // the entry refused, transport 0, number 2.
