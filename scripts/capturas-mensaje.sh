@@ -11,15 +11,8 @@ bin="$raiz/build/normal/bin"
 
 trabajo="$(mktemp -d)"
 pids=()
-parar() {
-    for p in "${pids[@]}"; do kill -TERM "$p" 2>/dev/null || true; done
-    for p in "${pids[@]}"; do
-        for _ in $(seq 50); do kill -0 "$p" 2>/dev/null || break; sleep 0.1; done
-        kill -KILL "$p" 2>/dev/null || true
-    done
-    pids=()
-}
-trap 'parar; rm -rf "$trabajo"' EXIT
+source "$raiz/scripts/procesos.sh"
+trap 'parar_procesos; rm -rf "$trabajo"' EXIT
 
 geometria="$(xdpyinfo | sed -n 's/.*dimensions: *\([0-9]*x[0-9]*\) .*/\1/p')"
 for clase in cliente cancelacion; do
@@ -53,5 +46,5 @@ for clase in cliente cancelacion; do
     salida="$raiz/docs/mensaje-${clase}-${geometria}.png"
     import -window root "$salida"
     echo "captura: $salida"
-    parar
+    parar_procesos
 done

@@ -19,13 +19,8 @@ mkdir -p "$salida" "$trabajo/datos" "$trabajo/impresoras"
 pantalla="${CAPTURAS_PANTALLA:-:94}"
 
 pids=()
-parar() {
-    for p in "${pids[@]}"; do kill -TERM "$p" 2>/dev/null || true; done
-    sleep 1
-    for p in "${pids[@]}"; do kill -KILL "$p" 2>/dev/null || true; done
-    rm -rf "$trabajo"
-}
-trap parar EXIT
+source "$raiz/scripts/procesos.sh"
+trap 'parar_procesos; rm -rf "$trabajo"' EXIT
 
 export DISPLAY="$pantalla"
 # A screen already there (with its window manager) is used as it is.

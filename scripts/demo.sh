@@ -13,21 +13,13 @@ bin="$raiz/build/normal/bin"
 trabajo="${TARVIMENTA_DEMO_DIR:-$raiz/build/demo}"
 mkdir -p "$trabajo/datos" "$trabajo/impresoras"
 
+source "$raiz/scripts/procesos.sh"
 pids=()
 parar() {
     trap - INT TERM EXIT
     echo
     echo "demo: parando"
-    for p in "${pids[@]}"; do
-        kill -TERM "$p" 2>/dev/null || true
-    done
-    for p in "${pids[@]}"; do
-        for _ in $(seq 50); do
-            kill -0 "$p" 2>/dev/null || break
-            sleep 0.1
-        done
-        kill -KILL "$p" 2>/dev/null || true
-    done
+    parar_procesos
 }
 trap parar INT TERM EXIT
 

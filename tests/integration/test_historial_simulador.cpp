@@ -3,7 +3,7 @@
 #include "base/ModuloPrincipal.h"
 #include "common/ImpresoraEPDeSerie.h"
 #include "common/ImpresoraTcp.h"
-#include "common/SimuladorPrueba.h"
+#include "common/MostradorSimulado.h"
 #include "history/FormPedidoAnterior.h"
 #include "history/FormPedidosAnteriores.h"
 #include "orders/FormRechazarPedido.h"
@@ -26,22 +26,10 @@
 
 namespace {
 
-struct HistorialSimulador : ::testing::Test {
-    QTemporaryDir carpeta;
-    SimuladorPrueba sim;
+struct HistorialSimulador : MostradorSimulado {
     ImpresoraTcp caja, cocina;
-    ModuloPrincipal m;
-    RegistroCajas* cajas = nullptr;
-    std::unique_ptr<Form1> f;
 
-    void SetUp() override {
-        ASSERT_TRUE(sim.enMarcha());
-        auto c = std::make_unique<RegistroCajas>();
-        cajas = c.get();
-        m.setCajas(std::move(c));
-        m.setServidor(sim.base());
-        m.CarpetaDatos = carpeta.path();
-        m.CarpetaAplicacion = QStringLiteral(CARPETA_BIN);
+    void configurar() override {
         m.IdEstablecimiento = 41;
         m.PasswordConfig = QStringLiteral("pw");
         m.NumConfig = 3;
@@ -52,10 +40,10 @@ struct HistorialSimulador : ::testing::Test {
         m.Impresora(2) = ImpresoraEPDeSerie(QStringLiteral("Cocina"),
                                             QStringLiteral("127.0.0.1:%1").arg(cocina.puerto()));
         m.Impresora(2).Cocina = true;
-        f = std::make_unique<Form1>(m, QStringList{});
-        f->AplicarConfiguracion();
+    }
+    void SetUp() override {
+        MostradorSimulado::SetUp();
         f->TimerPedidos().setEnabled(false);
-        f->TimerMusica().setEnabled(false);
         // Orders 1001 to 1003 answered through the service itself: accepted, rejected, accepted.
         sim.generarPedidos(3, 77, QStringLiteral("domicilio"), 2);
         sim.vaciarRespuestas();
