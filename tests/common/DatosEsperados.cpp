@@ -41,6 +41,18 @@ QStringList LineasDatos(const QString& nombre) {
     return lineas;
 }
 
+QJsonDocument JsonDatos(const QString& nombre) {
+    QFile f(QStringLiteral(CARPETA_FUENTES "/tests/data/") + nombre);
+    QJsonParseError error{};
+    const QJsonDocument d =
+        QJsonDocument::fromJson(f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray(), &error);
+    if (d.isNull()) {
+        ADD_FAILURE() << "tests/data/" << nombre.toStdString() << ": "
+                      << error.errorString().toStdString();
+    }
+    return d;
+}
+
 QString SinMarcas(const QString& linea) {
     QString r;
     Recorrer(

@@ -1,8 +1,10 @@
 // The desk in this process against the stand-in service over loopback: an order arrives
 // on a poll and goes on screen.
 #include "base/ModuloPrincipal.h"
+#include "common/DatosEsperados.h"
 #include "common/Entorno.h"
 #include "common/EscritorioPrueba.h"
+#include "common/ImprimirQString.h"
 #include "common/MostradorSimulado.h"
 #include "common/ReproductorGrabador.h"
 #include "common/SimuladorPrueba.h"
@@ -82,6 +84,16 @@ struct Escritorio : MostradorSimulado {
             EXPECT_EQ(texto(nombre, en), QString::fromUtf8(valor)) << nombre;
         }
     }
+    // The same from a data file's lines "control | text".
+    void textos(const QString& datos) {
+        const QStringList filas = LineasDatos(datos);
+        ASSERT_FALSE(filas.isEmpty());
+        for (const QString& fila : filas) {
+            const qsizetype barra = fila.indexOf(QStringLiteral(" | "));
+            EXPECT_EQ(texto(fila.left(barra).toLatin1().constData()), fila.mid(barra + 3))
+                << fila.toStdString();
+        }
+    }
     bool visible(const char* nombre, QWidget* en = nullptr) {
         return !control(nombre, en)->isHidden();
     }
@@ -131,19 +143,7 @@ TEST_F(Escritorio, UnPedidoADomicilioSaleEncimaConSonidoYSinMasSondeos) {
                                            {"", "Sin orégano", ""},
                                            {"1", "Tarta de queso", "4.50"},
                                            {"", "==== FIN DE LOS PRODUCTOS ==== ", ""}}));
-    textos({{"LabNPedido", "5001"},
-            {"LabImporteEnvio", "2.00€"},
-            {"LabComisionPaypal", "0.35€"},
-            {"LabDescuento", "0.00€"},
-            {"LabTotal", "29.50€"},
-            {"labTotalBruto", "29.85€"},
-            {"LabFormaEnvio", "Envío a domicilio"},
-            {"LabRealizadoEl", "14/11/2026 21:02"},
-            {"labPara", "Ahora"},
-            {"LabPedAnteriores", "4"},
-            {"LabEstadoPago", "PAGADO"},
-            {"LabMetodoPago", "Tarjeta"},
-            {"TxtComentarios", "Timbre roto * llamar al móvil"}});
+    textos(QStringLiteral("ventana_pedido_domicilio.txt"));
     vistos({"LabComisionPaypal", "TxtDireccion"}, true);
     vistos({"LabPromocion", "LabCambio", "LabEstado", "LabTiempoEstMotivo", "LabOrigen"}, false);
     EXPECT_EQ(tinta("LabFormaEnvio"), kAzul);

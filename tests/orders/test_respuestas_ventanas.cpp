@@ -363,18 +363,6 @@ TEST_F(Respuestas, LaAceptacionAutomaticaRespondeEImprimeSinVentanaNiSonido) {
     EXPECT_TRUE(nuevo().isVisible());
 }
 
-TEST_F(Respuestas, MenosUnoAceptaUnoConCeroYElSiguienteSaleEnPantalla) {
-    m.AceptarAutoDomicilio = -1;
-    llega(kDomicilio);
-    llega(kEfectivo);
-    EXPECT_EQ(respuestas(),
-              QStringList{"a=41&o=5001&ak=Accepted&m=0_Minutos&dt=nousado&u=nousado&p=pg7"});
-    EXPECT_EQ(m.AceptarAutoDomicilio, 0);
-    EXPECT_TRUE(m.PedidoNuevoPendiente);
-    EXPECT_TRUE(nuevo().isVisible());
-    EXPECT_EQ(m.UltimoIdPedido, QStringLiteral("5003"));
-}
-
 namespace {
 
 enum class Ventana { Pedido, Minutos, Programado, Rechazo };

@@ -3,95 +3,15 @@
 #include "base/Conversiones.h"
 #include "base/ErrorEjecucion.h"
 #include "common/ArbolJson.h"
+#include "common/DatosEsperados.h"
 #include "common/ImprimirQString.h"
 #include "server/LectorJson.h"
 
+#include <QJsonArray>
+#include <QJsonObject>
 #include <gtest/gtest.h>
-#include <string_view>
-
-using namespace std::literals;
 
 namespace {
-
-struct Documento {
-    const char* texto;
-    bool rapido; // whether the quick walk takes it
-};
-
-const Documento kDocumentos[] = {
-    {"{}", true},
-    {"[]", true},
-    {" \r\n\t{ \"a\" : 1 ,\r\n \"b\"\t:[ ] }  ", true},
-    {R"({"t":true,"f":false,"n":null,"s":"x","d":-1.5e2,"o":{"p":[1,[2,{}]]}})", true},
-    {R"(["\"\\\/\'\b\f\n\r\t", "\u00e9\u20AC", "a\x", "\u12zz!", 'dijo "hola"'])", true},
-    {R"({"e:f":1, "a\b":2, "":3, "ñandú€":"camión con blancos"})", true},
-    {"{\"crudo\":\"tab\tsalto\nfin\"}", true},
-    {R"([0, -0, 007, 12.50, 0.10, -0.0, 1e-3, 1E2, +7, 5-, 123456789012345678,
-        1234567890123456789, 79228162514264337593543950335])",
-     true},
-    {R"({"a":1} resto [sin leer)", true},
-    {R"({"k1":1,"k2":2,"k3":3,"k4":4,"k5":5,"k6":6,"k7":7,"k8":8,"k9":9,"k10":10})", true},
-    {R"([{"id":1,"nombre":"uno"},{"id":2,"nombre":"dos"},{"nombre":"tres","id":3}])", true},
-    // Tolerances.
-    {"{a:1}", false},
-    {"{'a':1}", false},
-    {R"({"a b":1})", false},
-    {R"({"it's":1})", false},
-    {"// nota\r\n{\"a\":1}", false},
-    {R"(({"a":1}))", false},
-    {R"({"a":/* c */1})", false},
-    {R"({"a":(1)})", false},
-    {"[1 2]", false},
-    {R"({"a":1 "b":2})", false},
-    {R"({"a":1,})", false},
-    {R"({,"a":1})", false},
-    // Errors.
-    {"12", false},
-    {"", false},
-    {"[1,]", false},
-    {"[,1]", false},
-    {R"({"a":1,"a":2,"b":3})", false},
-    {R"({"k1":1,"k2":2,"k3":3,"k4":4,"k5":5,"k6":6,"k7":7,"k8":8,"k9":9,"k1":10})", false},
-    {R"({"a":tru})", false},
-    {"[nul, 1]", false},
-    {"[1.2.3]", false},
-    {"[1e99]", false},
-    {"[e5]", false},
-    {R"({"a" x:1})", false},
-    {R"({"a":1)", false},
-    {"[12", false},
-    {R"(["sin fin)", false},
-    {R"({"sin fin)", false},
-    {R"({"a")", false},
-};
-
-// Texts the fuzz target found, with raw control characters and NULs kept.
-struct DocumentoHallado {
-    std::u16string_view texto;
-    bool rapido;
-};
-
-const DocumentoHallado kHallados[] = {
-    {u"{\"š¡ido\":07500,\"y\":true}]}", true},
-    {u"[{\"id\":00000000.00000000079}]", true},
-    {u"[{\"id\":00000000000000000.0000000000000000000000000000000000412099979}]", true},
-    {u"{\"ps?arefactorfuente\":+1.3333333333333333333333333399,\"x\":null,\"y\":true}]}", true},
-    {u"[{\"id\":.2,\"pvp\":0.2,\"e\":0.}]", true},
-    {u"[{\"id\":1-,\"ªªdo\":\"0/206\"}][{\"'", true},
-    {u"[{\"dk\":\"// mteocnied'do\n({a'd!\\u\x04\x01\x1c]0ed'd\\u\0]0ed\\u\0¨/nie'a'd!"
-     u"\\u\x04\x01\x1c]0d'd\\u\0]ed\\u\0\0\0\0n\"}]"sv,
-     true},
-    {u"{\"\":null}\0"sv, true},
-    {u"[{\"id\":1,\"no\":\"Pizza\"},{\"\0\0otado\":\"p1/02/d\"}]"sv, true},
-    {u"[[[[[]]]]]]]{", true},
-    {u"{\"a\".11110000000000000000000000000000000000000000000I", false},
-    {u"[{\"ªr\":24464.44E00000000028[{712[21", false},
-    {u"{\"a\":1,\"a\":ul,[\x1f\"", false},
-    {u"[{\"id\":\",55e555555555[n{\0\"&,"sv, false},
-    {u"{\"[onid\":1,\"mo\":((((((((null,\"y\"}]}", false},
-    {u"[\"'\\u01ªÿ\x13\0d\\u20ÿ/\"idØ"sv, false},
-    {u"[{\"id\":[[[[[[[[[[[[[[[[[]]]]]]]]]]]]]]]]]][[[0[[", false},
-};
 
 struct Lectura {
     QString arbol;
@@ -139,17 +59,16 @@ void compararCaminos(const QString& texto, bool rapido) {
 
 } // namespace
 
+// Plain documents the quick walk takes, texts that need a tolerance, errors, and texts the
+// fuzz target found (raw control characters and NULs kept), each with whether the quick walk
+// takes it.
 TEST(LectorJsonCaminos, ElRapidoLeeComoElTolerante) {
-    for (const Documento& d : kDocumentos) {
-        compararCaminos(QString::fromUtf8(d.texto), d.rapido);
-    }
-}
-
-TEST(LectorJsonCaminos, TextosHalladosPorElFuzzer) {
-    for (const DocumentoHallado& d : kHallados) {
-        compararCaminos(QString(reinterpret_cast<const QChar*>(d.texto.data()),
-                                static_cast<qsizetype>(d.texto.size())),
-                        d.rapido);
+    for (const char* datos : {"lector_json_documentos.json", "lector_json_hallados.json"}) {
+        const QJsonArray documentos = JsonDatos(QLatin1String(datos)).array();
+        ASSERT_GT(documentos.size(), 10) << datos;
+        for (const QJsonValue& d : documentos) {
+            compararCaminos(d["texto"].toString(), d["rapido"].toBool());
+        }
     }
 }
 

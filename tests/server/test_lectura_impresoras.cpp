@@ -1,4 +1,6 @@
 #include "base/ErrorEjecucion.h"
+#include "common/DatosEsperados.h"
+#include "common/ImprimirQString.h"
 #include "printing/MiembrosImpresora.h"
 #include "server/LectorJson.h"
 #include "server/LecturaImpresoras.h"
@@ -41,16 +43,15 @@ int NumeroDeError(Ranuras& r, const QString& lista) {
     return 0;
 }
 
-// Each member named holds its value after the reading; a row per member.
-struct Valor {
-    size_t ranura;
-    const char* miembro;
-    QVariant esperado;
-};
-void Comprobar(const Ranuras& r, std::initializer_list<Valor> valores) {
-    for (const Valor& v : valores) {
-        EXPECT_EQ(miembros_impresora::Leer(r[v.ranura], QLatin1String(v.miembro)), v.esperado)
-            << v.ranura + 1 << " " << v.miembro;
+// Each member of a data file's lines ("slot member value") holds that value after the reading.
+void Comprobar(const Ranuras& r, const QString& datos) {
+    const QStringList lineas = LineasDatos(datos);
+    ASSERT_FALSE(lineas.isEmpty());
+    for (const QString& l : lineas) {
+        const QStringList p = l.split(u' ');
+        const QVariant leido = miembros_impresora::Leer(r.at(p[0].toUInt() - 1), p[1]);
+        EXPECT_TRUE(leido.isValid()) << l.toStdString();
+        EXPECT_EQ(leido.toString(), p.mid(2).join(u' ')) << l.toStdString();
     }
 }
 
@@ -68,28 +69,7 @@ TEST(LecturaImpresoras, CadaTipoLeeSuBloqueYLasOpcionalesTomanSuValor) {
     EXPECT_EQ(n, 2);
     // Missing copies for collection: -1, the same as accepted. The driver block is not read
     // for a raw printer, present or not.
-    Comprobar(r, {{0, "NombreImpresora", u"Caja de la barraá"_qs},
-                  {0, "TipoImpresion", "DW"},
-                  {0, "NumeroCopiasAceptado", 2},
-                  {0, "NumeroCopiasAceptadoRecoger", -1},
-                  {0, "NumeroCopiasRechazado", 1},
-                  {0, "AnchoPapel", 80},
-                  {0, "FactorFuente", 3.8448},
-                  {0, "Font", "Lucida Console"},
-                  {0, "InicioX", 5},
-                  {0, "InicioY", 6},
-                  {0, "TamannoFuentePequenna", 10},
-                  {0, "EPConexion", ""},
-                  {0, "EPNumColumnas", 0},
-                  {2, "NumeroCopiasAceptadoRecoger", 0},
-                  {2, "EPConexion", "COM1:9600,n,8,1"},
-                  {2, "EPNumColumnas", 48},
-                  {2, "EPComSubirYCotarPapel", "29,86,66,0"},
-                  {2, "EPComSubirLineas", "27,100,3"},
-                  {2, "EPComExtrasFin", ""},
-                  {2, "AnchoPapel", 0},
-                  {2, "Font", ""},
-                  {2, "FactorFuente", 0.0}});
+    Comprobar(r, QStringLiteral("impresoras_tipos.txt"));
     for (int i : {1, 3, 4, 5, 6, 7, 8, 9}) {
         EXPECT_TRUE(r[static_cast<size_t>(i)].NombreImpresora.isEmpty()) << i;
     }
@@ -113,29 +93,7 @@ TEST(LecturaImpresoras, LosCamposDeCocinaSoloSiCocinaYLosBooleanos) {
                                   " saltolineaopciones:null")) +
              QStringLiteral("]"));
     // Kitchen: any non-zero value. Booleans: only 1 and true.
-    Comprobar(r, {{1, "Cocina", true},
-                  {1, "CategoriasIds", "1,2"},
-                  {1, "ProductosExcepIds", "7"},
-                  {1, "ProductosIds", "9"},
-                  {1, "FormaEnvio", 2},
-                  {1, "MostrarNombreImpresora", true},
-                  {1, "NombreImpresoraGrande", true},
-                  {1, "DatosClienteCocina", true},
-                  {1, "MostrarPreciosProdCocina", true},
-                  {1, "NumPedidoYFormaEnvFinal", 3},
-                  {3, "Cocina", false},
-                  {3, "CategoriasIds", ""},
-                  {3, "FormaEnvio", 0},
-                  {3, "MostrarNombreImpresora", false},
-                  {3, "NumPedidoYFormaEnvFinal", 0},
-                  {4, "TipoImpresion", "XX"},
-                  {4, "ReemplazarCaracEscPosPC858", true},
-                  {4, "DatosClienteYEnvioGrande", true},
-                  {4, "ProductosYComentariosMayus", false},
-                  {4, "MostrarHoraEntrega", true},
-                  {4, "SaltoLineaOpciones", false},
-                  {4, "AnchoPapel", 0},
-                  {4, "EPNumColumnas", 0}});
+    Comprobar(r, QStringLiteral("impresoras_cocina.txt"));
 }
 
 TEST(LecturaImpresoras, NumeroFueraDeRangoYRanurasQueDesaparecen) {

@@ -1,6 +1,6 @@
 // What the settings windows add to their logic: filling, key filters, Enter and Escape, the
 // record written at once by a tick, and the buttons that reach the sub-windows and the printer.
-// Their saves against the service are in integration/test_ajustes_simulador.cpp.
+// A printer saved against the service is in integration/test_ajustes_simulador.cpp.
 #include "common/CapturaEP.h"
 #include "common/Entorno.h"
 #include "common/ImpresoraEPDeSerie.h"

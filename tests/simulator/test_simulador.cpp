@@ -42,68 +42,7 @@ bool EsUtf8(const QByteArray& bytes) {
     return !decodificador.hasError();
 }
 
-const QByteArray kTls =
-    QByteArray("\x16\x03\x01\x00\x31\x01\x00\x00\x2d\x03\x03", 11) + QByteArray(40, '\x07');
-
 } // namespace
-
-TEST(Simulador, RegistroGuardaCadaPeticionTalCualLlega) {
-    SimuladorPrueba sim;
-    ASSERT_TRUE(sim.enMarcha());
-    EXPECT_EQ(sim.base(), QStringLiteral("127.0.0.1:%1/api/").arg(sim.puerto()));
-
-    const QByteArray consulta = "a=7&o=1001&ak=Rejected&m=No%20hay+sal%3F?y=%2B&dt=nousado";
-    const auto r = sim.peticion("GET", "/api/pedidosgprs/respuestapedidos?" + consulta);
-    EXPECT_EQ(r.estado, 200);
-    EXPECT_EQ(r.cuerpo, "OK");
-    // Two requests on one kept-alive connection are both seen.
-    const QByteArray dos = sim.enviarCrudo("GET /api/a/b?x=%C3%B3&&z= HTTP/1.1\r\nHost: h\r\n\r\n"
-                                           "GET /api/c?y=1+2 HTTP/1.1\r\nHost: h\r\n"
-                                           "Connection: close\r\n\r\n");
-    EXPECT_EQ(dos.count("HTTP/1.1 200 OK"), 2) << dos.toStdString();
-    sim.peticion("GET", "/__control/pedidos"); // control requests are not recorded
-    sim.peticion("GET", "/api/pedidosgprs/pedidosnuevos");
-
-    const auto registro = sim.registro();
-    QStringList vistas;
-    for (const auto& r : registro) {
-        vistas << r.esquema + ' ' + r.ruta + '?' + r.consulta;
-    }
-    EXPECT_EQ(
-        vistas,
-        (QStringList{"http pedidosgprs/respuestapedidos?" + QString::fromLatin1(consulta),
-                     "http a/b?x=%C3%B3&&z=", "http c?y=1+2", "http pedidosgprs/pedidosnuevos?"}));
-    for (int i = 1; i < registro.size(); ++i) {
-        EXPECT_EQ(registro[i].n, registro[i - 1].n + 1);
-        EXPECT_GE(registro[i].ms, registro[i - 1].ms);
-    }
-
-    sim.limpiarRegistro();
-    EXPECT_TRUE(sim.registro().isEmpty());
-    sim.peticion("GET", "/api/x/y?q");
-    EXPECT_TRUE(sim.esperarPeticion("x/y", 2000));
-    EXPECT_FALSE(sim.esperarPeticion("x/z", 100));
-}
-
-TEST(Simulador, RespuestasEncoladasSalenEnOrdenYSoloEnSuRuta) {
-    SimuladorPrueba sim;
-    ASSERT_TRUE(sim.enMarcha());
-    sim.encolar("pedidosgprs/pedidosnuevos", {"#uno#", "IMPDIA"});
-    sim.encolar("pedidosgprs/pedidosnuevos", {"tres ñ"});
-    sim.encolar("pedidosgprs/obtenerEstadoPedido", {"#2#"});
-
-    EXPECT_EQ(Cuerpo(sim, "/api/pedidosgprs/obtenerEstadoPedido?idPedidoEst=5"), "#2#");
-    EXPECT_EQ(Poll(sim), "#uno#");
-    EXPECT_EQ(Poll(sim), "IMPDIA");
-    EXPECT_EQ(Poll(sim), "tres \xC3\xB1");
-    EXPECT_EQ(Poll(sim), "estadoapertura:Abierto");
-    // The queue of a path is not shared with paths that merely look alike.
-    EXPECT_EQ(Cuerpo(sim, "/api/pedidosgprs/obtenerEstadoPedido?idPedidoEst=5"), "");
-
-    sim.encolar("pedidosgprs/pedidosnuevos", {"#descartado#"});
-    sim.vaciarRespuestas();
-    EXPECT_EQ(Poll(sim), "estadoapertura:Abierto");
-}
 
 TEST(Simulador, CadaFalloTalComoLoVeUnClienteQt) {
     // Qt's network access resends a GET once when the connection ends without an answer;
@@ -181,20 +120,6 @@ TEST(Simulador, CadaFalloTalComoLoVeUnClienteQt) {
         EXPECT_EQ(siguiente.error, QNetworkReply::NoError);
         EXPECT_EQ(siguiente.cuerpo, "estadoapertura:Abierto");
     }
-}
-
-TEST(Simulador, IntentoHttpsQuedaRegistradoYSeCierra) {
-    SimuladorPrueba sim;
-    ASSERT_TRUE(sim.enMarcha());
-    bool cerrada = false;
-    EXPECT_TRUE(sim.enviarCrudo(kTls, 3000, &cerrada).isEmpty());
-    EXPECT_TRUE(cerrada);
-    EXPECT_EQ(Poll(sim), "estadoapertura:Abierto");
-
-    auto registro = sim.registro();
-    ASSERT_EQ(registro.size(), 2);
-    EXPECT_EQ(registro[0].esquema + registro[0].ruta + registro[0].consulta, "https");
-    EXPECT_EQ(registro[1].esquema + ' ' + registro[1].ruta, "http pedidosgprs/pedidosnuevos");
 }
 
 TEST(Simulador, CredencialesDeLaConfiguracion) {

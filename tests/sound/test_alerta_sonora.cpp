@@ -1,6 +1,8 @@
 // The alert melody over recording players: which file, which player, the captions and
 // LabelInfo texts, the repeat rule, the switch-off and the failures.
 #include "base/ModuloPrincipal.h"
+#include "common/DatosEsperados.h"
+#include "common/ImprimirQString.h"
 #include "common/ReproductorGrabador.h"
 #include "sound/AlertaSonora.h"
 
@@ -212,49 +214,25 @@ TEST_F(AlertaSonoraTest, MenuMusicaDecidePorLaVariableNoPorElRotulo) {
     EXPECT_FALSE(s.musicaSonando());
 }
 
-// --- the repeat of TimerMusica --------------------------------------------------------
-
-struct CasoRepeticion {
-    const char* nombre;
-    bool pedido, mensaje, silenciar, productosVisible, rechazarVisible, aceptarVisible,
-        silenciarMensaje;
-    bool repite;
-};
-
-class RepeticionTest : public AlertaSonoraTest,
-                       public ::testing::WithParamInterface<CasoRepeticion> {};
-
-TEST_P(RepeticionTest, SoloMientrasEsperaAlgoYNadieLoAtiende) {
-    const auto& c = GetParam();
+// Each line of the data file: what waits, what is open or silenced, and whether the tick plays.
+TEST_F(AlertaSonoraTest, LaRepeticionSoloMientrasEsperaAlgoYNadieLoAtiende) {
     m.TipoReproAudio = 0;
     s.PrepararMelodia();
-    m.PedidoNuevoPendiente = c.pedido;
-    m.MensajeNuevoPendiente = c.mensaje;
-    s.setSilenciadores({[&c] { return c.silenciar; }, [&c] { return c.productosVisible; },
-                        [&c] { return c.rechazarVisible; }, [&c] { return c.aceptarVisible; },
-                        [&c] { return c.silenciarMensaje; }});
-    s.tickMusica();
-    EXPECT_EQ(mci->llamadas.size(), c.repite ? 1 : 0);
+    const QStringList casos = LineasDatos(QStringLiteral("repeticion_musica.txt"));
+    ASSERT_FALSE(casos.isEmpty());
+    for (const QString& caso : casos) {
+        const QStringList c = caso.simplified().remove(QStringLiteral(" |")).split(u' ');
+        ASSERT_EQ(c.size(), 9) << caso.toStdString();
+        const auto si = [c](int i) { return c[i] == u"1"; };
+        m.PedidoNuevoPendiente = si(1);
+        m.MensajeNuevoPendiente = si(2);
+        s.setSilenciadores({[si] { return si(3); }, [si] { return si(4); }, [si] { return si(5); },
+                            [si] { return si(6); }, [si] { return si(7); }});
+        olvidar();
+        s.tickMusica();
+        EXPECT_EQ(mci->llamadas.size(), si(8) ? 1 : 0) << c[0].toStdString();
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Casos, RepeticionTest,
-    ::testing::Values(
-        CasoRepeticion{"nadaPendiente", false, false, false, false, false, false, false, false},
-        CasoRepeticion{"pedido", true, false, false, false, false, false, false, true},
-        CasoRepeticion{"pedidoSilenciado", true, false, true, false, false, false, false, false},
-        CasoRepeticion{"pedidoEnProductos", true, false, false, true, false, false, false, false},
-        CasoRepeticion{"pedidoEnRechazar", true, false, false, false, true, false, false, false},
-        CasoRepeticion{"pedidoEnAceptar", true, false, false, false, false, true, false, false},
-        CasoRepeticion{"pedidoConMensajeSilenciado", true, false, false, false, false, false, true,
-                       true},
-        CasoRepeticion{"mensaje", false, true, false, false, false, false, false, true},
-        CasoRepeticion{"mensajeSilenciado", false, true, false, false, false, false, true, false},
-        CasoRepeticion{"mensajeConVentanasDelPedido", false, true, true, true, true, true, false,
-                       true},
-        CasoRepeticion{"ambosSoloPedidoSilenciado", true, true, true, false, false, false, false,
-                       true}),
-    [](const auto& info) { return std::string(info.param.nombre); });
 
 TEST_F(AlertaSonoraTest, RepeticionSegunModoYEstadoDelReproductor) {
     m.PedidoNuevoPendiente = true;

@@ -1,3 +1,4 @@
+#include "common/DatosEsperados.h"
 #include "common/Entorno.h"
 #include "common/EscritorioPrueba.h"
 #include "shell/Form1.h"
@@ -9,6 +10,8 @@
 #include <QAction>
 #include <QDir>
 #include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonObject>
 #include <gtest/gtest.h>
 
 namespace {
@@ -72,11 +75,10 @@ struct Actualizador_ : ::testing::Test {
 
     QString Ruta(const QString& nombre) const { return QDir(instalacion.path()).filePath(nombre); }
 
-    QString Descriptor(const QString& archivo, const char* silenciosa = "false",
-                       const char* instalacionSilenciosa = "false") const {
+    QString Descriptor(const QString& archivo, const QString& silenciosa,
+                       const QString& instalacionSilenciosa) const {
         return QStringLiteral("#0*%1*%2*false*%3*%4#")
-            .arg(UrlDescargas(sim), archivo, QLatin1String(silenciosa),
-                 QLatin1String(instalacionSilenciosa));
+            .arg(UrlDescargas(sim), archivo, silenciosa, instalacionSilenciosa);
     }
 
     // Runs the updater with this descriptor until it ends (bounded).
@@ -144,108 +146,55 @@ TEST_F(Actualizador_, DescriptoresQueNoSePuedenSeguirDevuelvenElEscritorio) {
     }
 }
 
+// Each case of tests/data/actualizador_zip.json: the archive served, the installer's last
+// line, the descriptor's silent flags; then the box, the restart's words, whether the
+// download is cleaned and the installer's words.
 TEST_F(Actualizador_, ZipEjecutaElInstaladorYSuCodigoDecide) {
-    const struct {
-        const char* nombre;
-        const char* archivo;
-        const char* setup; // nullptr: the archive holds no installer
-        const char* silenciosa;
-        const char* instalacionSilenciosa;
-        bool conRegistro;
-        QList<QPair<int, QString>> cajas;
-        QStringList reinicio;
-        bool limpia;
-        QStringList palabrasInstalador; // after the installer's path
-    } casos[] = {
-        {"sale_0",
-         "paquete.zip",
-         "exit 0",
-         "false",
-         "false",
-         false,
-         {{estilo::Informacion, kFinalizada}},
-         kNormal,
-         true,
-         {}},
-        {"sale_1",
-         "paquete.zip",
-         "exit 1",
-         "false",
-         "false",
-         false,
-         {{estilo::Informacion, kVaya}},
-         kSinActualizar,
-         false,
-         {}},
-        {"silenciosa_con_registro",
-         "doble.zip.zip",
-         "exit 0",
-         "true",
-         "true",
-         true,
-         {},
-         kNormal,
-         true,
-         {QStringLiteral("/s"), QStringLiteral("@REGISTRO")}},
-        {"silenciosa_sin_registro",
-         "paquete.zip",
-         "exit 0",
-         "false",
-         "true",
-         false,
-         {{estilo::Informacion, kFinalizada}},
-         kNormal,
-         true,
-         {QStringLiteral("/s")}},
-        {"sin_instalador",
-         "paquete.zip",
-         nullptr,
-         "false",
-         "false",
-         false,
-         {{estilo::Informacion, kVaya}},
-         kSinActualizar,
-         false,
-         {}},
-    };
-    for (const auto& c : casos) {
-        SCOPED_TRACE(c.nombre);
+    const QHash<QString, QList<QPair<int, QString>>> kCajas{
+        {QString(), {}},
+        {QStringLiteral("finalizada"), {{estilo::Informacion, kFinalizada}}},
+        {QStringLiteral("vaya"), {{estilo::Informacion, kVaya}}}};
+    for (const QJsonValue& v : JsonDatos(QStringLiteral("actualizador_zip.json")).array()) {
+        const QJsonObject c = v.toObject();
+        SCOPED_TRACE(c["nombre"].toString().toStdString());
         inicios.clear();
         instaladores.clear();
         e.cajas->limpiar();
         terminado = 0;
-        const QString archivo = QString::fromLatin1(c.archivo);
+        const QString archivo = c["archivo"].toString();
         const QString carpeta = Ruta(QString(archivo).remove(QStringLiteral(".zip")));
         const QString registro = Ruta(QStringLiteral("INSTALLTV.LOG"));
         QFile::remove(registro);
-        if (c.conRegistro) {
+        if (c["conRegistro"].toBool()) {
             ASSERT_TRUE(Escribir(registro, "antes\n"));
         }
         QList<EntradaZip> entradas{{QStringLiteral("datos/leeme.txt"), "hola", 0644}};
-        if (c.setup != nullptr) {
+        if (c["setup"].isString()) {
             // Written without its run bit: the installer is run through the shell anyway.
             entradas.append({QStringLiteral("setup.sh"),
-                             QByteArray("echo \"$@\" > ../instalado.txt\n") + c.setup + "\n",
+                             QByteArray("echo \"$@\" > ../instalado.txt\n") +
+                                 c["setup"].toString().toUtf8() + "\n",
                              0644});
         }
         const QString zip = servidos.filePath(QStringLiteral("a.zip"));
         ASSERT_TRUE(CrearZip(zip, entradas));
         ASSERT_TRUE(ServirFichero(sim, servidos, archivo, LeerFichero(zip)));
 
-        Actualizar(Descriptor(archivo, c.silenciosa, c.instalacionSilenciosa));
+        Actualizar(
+            Descriptor(archivo, c["silenciosa"].toString(), c["instalacionSilenciosa"].toString()));
 
-        EXPECT_EQ(Cajas(), c.cajas);
-        EXPECT_EQ(Reinicio(), c.reinicio);
+        EXPECT_EQ(Cajas(), kCajas.value(c["caja"].toString()));
+        EXPECT_EQ(Reinicio(), c["reinicio"] == "normal" ? kNormal : kSinActualizar);
         EXPECT_TRUE(LeerFichero(Ruta(QStringLiteral("TarvimentaPedidos"))) == viejo);
-        EXPECT_EQ(QFileInfo::exists(Ruta(archivo)), !c.limpia);
-        EXPECT_EQ(QFileInfo::exists(carpeta), !c.limpia);
+        EXPECT_EQ(QFileInfo::exists(Ruta(archivo)), !c["limpia"].toBool());
+        EXPECT_EQ(QFileInfo::exists(carpeta), !c["limpia"].toBool());
         ASSERT_EQ(instaladores.size(), 1);
         QStringList esperadas{QStringLiteral("/bin/sh"), carpeta + QStringLiteral("/setup.sh")};
-        for (const QString& p : c.palabrasInstalador) {
-            esperadas.append(p == QLatin1String("@REGISTRO") ? registro : p);
+        for (const QJsonValue& p : c["palabras"].toArray()) {
+            esperadas.append(p == "@REGISTRO" ? registro : p.toString());
         }
         EXPECT_EQ(instaladores[0], esperadas);
-        if (c.setup != nullptr) {
+        if (c["setup"].isString()) {
             EXPECT_EQ(
                 QString::fromUtf8(LeerFichero(Ruta(QStringLiteral("instalado.txt")))).trimmed(),
                 QStringList(esperadas.mid(2)).join(QLatin1Char(' ')));

@@ -1,6 +1,10 @@
+#include "common/DatosEsperados.h"
 #include "common/Entorno.h"
 #include "update/ComprobarActualizacion.h"
 
+#include <QHash>
+#include <QJsonArray>
+#include <QJsonObject>
 #include <gtest/gtest.h>
 
 namespace {
@@ -18,115 +22,52 @@ const QString kSinConexion = QStringLiteral(
     "Internet.");
 constexpr int kPregunta = estilo::SiNo + estilo::Pregunta;
 
-struct Caso {
-    const char* nombre;
-    bool manual;
-    bool noActualizar;
-    QList<QByteArray> replies; // version, then descriptor; a "!" entry is a failed transfer
-    QList<int> answers;
-    Decision esperada;
-    QList<QPair<int, QString>> cajas; // style and text, in order
-    int urls; // handed to the transport, the plain http retry of a failed https one included
-};
+// Each case of the data file: the replies in order (version, then descriptor; "!" is a failed
+// transfer), the buttons pressed, whether the updater is launched, the boxes shown and the
+// addresses handed to the transport (the plain http retry of a failed https one included).
+TEST(Comprobar, DecideYPreguntaComoSeEspera) {
+    const QHash<QString, QPair<int, QString>> kCajas{
+        {"pregunta ya tiene", {kPregunta, kYaTiene}},
+        {"pregunta nueva", {kPregunta, kNueva}},
+        {"critico sin conexion", {estilo::Critico, kSinConexion}}};
+    const QJsonArray casos = JsonDatos(QStringLiteral("comprobar_actualizacion.json")).array();
+    ASSERT_FALSE(casos.isEmpty());
+    for (const QJsonValue& v : casos) {
+        const QJsonObject c = v.toObject();
+        SCOPED_TRACE(c["nombre"].toString().toStdString());
+        Entorno e;
+        e.m.CarpetaAplicacion = e.carpeta.path();
+        e.m.IdEstablecimiento = 7;
+        e.m.PasswordConfig = QStringLiteral("clave");
+        e.m.NoActualizar = c["noActualizar"].toBool();
+        for (const QJsonValue& r : c["respuestas"].toArray()) {
+            r == "!" ? e.canales.directo->fallar()
+                     : e.canales.directo->responder(r.toString().toLatin1());
+        }
+        QList<int> botones;
+        for (const QJsonValue& b : c["botones"].toArray()) {
+            botones.append(b == "si" ? respuesta::Si : respuesta::No);
+        }
+        e.cajas->responder(botones);
 
-class Comprobar : public ::testing::TestWithParam<Caso> {};
+        EXPECT_EQ(actualizacion::Comprobar(e.m, c["manual"].toBool()),
+                  c["lanza"].toBool() ? Decision::Lanzar : Decision::Nada);
 
-TEST_P(Comprobar, DecideYPreguntaComoSeEspera) {
-    const Caso& c = GetParam();
-    Entorno e;
-    e.m.CarpetaAplicacion = e.carpeta.path();
-    e.m.IdEstablecimiento = 7;
-    e.m.PasswordConfig = QStringLiteral("clave");
-    e.m.NoActualizar = c.noActualizar;
-    for (const QByteArray& r : c.replies) {
-        r == "!" ? e.canales.directo->fallar() : e.canales.directo->responder(r);
+        QList<QPair<int, QString>> vistas;
+        QList<QPair<int, QString>> esperadas;
+        for (const auto& caja : e.cajas->cajas()) {
+            vistas.append({caja.estilo, caja.texto});
+        }
+        for (const QJsonValue& caja : c["cajas"].toArray()) {
+            ASSERT_TRUE(kCajas.contains(caja.toString()));
+            esperadas.append(kCajas.value(caja.toString()));
+        }
+        EXPECT_EQ(vistas, esperadas);
+        EXPECT_EQ(e.canales.directo->urls.size(), c["urls"].toInt());
     }
-    e.cajas->responder(c.answers);
-
-    EXPECT_EQ(actualizacion::Comprobar(e.m, c.manual), c.esperada);
-
-    QList<QPair<int, QString>> vistas;
-    for (const auto& caja : e.cajas->cajas()) {
-        vistas.append({caja.estilo, caja.texto});
-    }
-    EXPECT_EQ(vistas, c.cajas);
-    EXPECT_EQ(e.canales.directo->urls.size(), c.urls);
 }
 
-const QByteArray kDescriptor = "#0*http://h/d/*TarvimentaPedidos.exe*false*false*false#";
 const QByteArray kForzado = "#0*http://h/d/*TarvimentaPedidos.exe*true*false*false#";
-
-INSTANTIATE_TEST_SUITE_P(
-    Casos, Comprobar,
-    ::testing::Values(
-        Caso{"automatica_con_noactualizar_no_pregunta_nada",
-             false,
-             true,
-             {},
-             {},
-             Decision::Nada,
-             {},
-             0},
-        Caso{"automatica_misma_version_calla", false, false, {"1.6.2"}, {}, Decision::Nada, {}, 1},
-        Caso{"manual_misma_version_ofrece_reinstalar",
-             true,
-             false,
-             {"1.6.2"},
-             {respuesta::Si},
-             Decision::Lanzar,
-             {{kPregunta, kYaTiene}},
-             1},
-        Caso{"manual_con_noactualizar_sigue_funcionando",
-             true,
-             true,
-             {"1.6.2"},
-             {respuesta::No},
-             Decision::Nada,
-             {{kPregunta, kYaTiene}},
-             1},
-        Caso{"tres_caracteres_no_es_version", false, false, {"1.6"}, {}, Decision::Nada, {}, 1},
-        Caso{"version_mas_vieja_tambien_actualiza",
-             false,
-             false,
-             {"1.5.9", kDescriptor},
-             {respuesta::Si},
-             Decision::Lanzar,
-             {{kPregunta, kNueva}},
-             2},
-        Caso{"nueva_rechazada",
-             false,
-             false,
-             {"1.7.0", kDescriptor},
-             {respuesta::No},
-             Decision::Nada,
-             {{kPregunta, kNueva}},
-             2},
-        Caso{"campo_tres_true_sin_pregunta",
-             false,
-             false,
-             {"1.7.0", kForzado},
-             {},
-             Decision::Lanzar,
-             {},
-             2},
-        Caso{"descriptor_con_salto_final_se_ignora",
-             false,
-             false,
-             {"1.7.0", kForzado + "\n"},
-             {},
-             Decision::Nada,
-             {},
-             2},
-        Caso{"manual_sin_conexion_avisa_y_ofrece",
-             true,
-             false,
-             {"!", "!"},
-             {respuesta::No},
-             Decision::Nada,
-             {{estilo::Critico, kSinConexion}, {kPregunta, kYaTiene}},
-             2},
-        Caso{"automatica_sin_conexion_calla", false, false, {"!", "!"}, {}, Decision::Nada, {}, 2}),
-    [](const auto& info) { return std::string(info.param.nombre); });
 
 TEST(ComprobarActualizacion, InstalacionDelSistemaNoOfreceYLoDiceSiSePide) {
     const QTemporaryDir propia;
