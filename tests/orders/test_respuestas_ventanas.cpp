@@ -2,6 +2,7 @@
 // The service records queries as they came over the wire: blanks as %20, others raw.
 #include "base/ModuloPrincipal.h"
 #include "common/CapturaEP.h"
+#include "common/DatosEsperados.h"
 #include "common/MostradorSimulado.h"
 #include "common/ReproductorGrabador.h"
 #include "common/SimuladorPrueba.h"
@@ -21,6 +22,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QLoggingCategory>
+#include <QMetaEnum>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
@@ -363,91 +365,40 @@ TEST_F(Respuestas, LaAceptacionAutomaticaRespondeEImprimeSinVentanaNiSonido) {
     EXPECT_TRUE(nuevo().isVisible());
 }
 
-namespace {
-
-enum class Ventana { Pedido, Minutos, Programado, Rechazo };
-
-struct Pulsacion {
-    Ventana en;
-    int tecla;
-};
-
-struct CasoTeclado {
-    const char* nombre;
-    const QString& linea;
-    std::vector<Pulsacion> teclas;
-    const char* enviado; // "" for nothing sent
-};
-
-} // namespace
-
 // At the counter the keyboard alone answers: Enter accepts (or presses the focused button),
 // Escape silences the order or goes back, digits pick the minutes, arrows pick a reason.
 TEST_F(Respuestas, ElTecladoBastaParaResponder) {
-    const CasoTeclado casos[] = {
-        {"intro, 2 0, intro",
-         kDomicilio,
-         {{Ventana::Pedido, Qt::Key_Return},
-          {Ventana::Minutos, Qt::Key_2},
-          {Ventana::Minutos, Qt::Key_0},
-          {Ventana::Minutos, Qt::Key_Enter}},
-         "a=41&o=5001&ak=Accepted&m=20_Minutos&dt=nousado&u=nousado&p=pg7"},
-        {"escape vuelve; 7 no es ningún botón; 4 5 sí",
-         kDomicilio,
-         {{Ventana::Pedido, Qt::Key_Return},
-          {Ventana::Minutos, Qt::Key_Escape},
-          {Ventana::Pedido, Qt::Key_Return},
-          {Ventana::Minutos, Qt::Key_7},
-          {Ventana::Minutos, Qt::Key_Return},
-          {Ventana::Minutos, Qt::Key_4},
-          {Ventana::Minutos, Qt::Key_5},
-          {Ventana::Minutos, Qt::Key_Return}},
-         "a=41&o=5001&ak=Accepted&m=45_Minutos&dt=nousado&u=nousado&p=pg7"},
-        {"un programado se acepta con dos intros",
-         kProgramado,
-         {{Ventana::Pedido, Qt::Key_Return}, {Ventana::Programado, Qt::Key_Return}},
-         "a=41&o=5002&ak=Accepted&m=0_Minutos&dt=nousado&u=nousado&p=pg7"},
-        {"escape en el pedido solo silencia", kDomicilio, {{Ventana::Pedido, Qt::Key_Escape}}, ""},
-        {"tabulador hasta Rechazar; del texto, atrás al motivo, flecha, intro",
-         kDomicilio,
-         {{Ventana::Pedido, Qt::Key_Tab},
-          {Ventana::Pedido, Qt::Key_Return},
-          {Ventana::Rechazo, Qt::Key_Backtab},
-          {Ventana::Rechazo, Qt::Key_Down},
-          {Ventana::Rechazo, Qt::Key_Return}},
-         "a=41&o=5001&ak=Rejected&m=Cerrado%20por%20hoy&dt=nousado&u=nousado&p=pg7"},
-    };
-    for (const CasoTeclado& c : casos) {
-        SCOPED_TRACE(c.nombre);
+    const QStringList lineas = LineasDatos(QStringLiteral("teclado_respuestas.txt"));
+    ASSERT_EQ(lineas.size() % 3, 0);
+    ASSERT_FALSE(lineas.isEmpty());
+    const QMetaEnum teclas = QMetaEnum::fromType<Qt::Key>();
+    for (qsizetype caso = 0; caso < lineas.size(); caso += 3) {
+        SCOPED_TRACE(lineas[caso].toStdString());
+        QStringList pulsaciones = lineas[caso + 1].split(u' ');
+        const QString enviado = lineas[caso + 2];
         sim.limpiarRegistro();
-        llega(c.linea);
+        llega(pulsaciones.takeFirst() == u"programado" ? kProgramado : kDomicilio);
         ASSERT_TRUE(nuevo().isVisible());
-        for (const Pulsacion& p : c.teclas) {
-            QWidget* w = nullptr;
-            switch (p.en) {
-            case Ventana::Pedido:
-                w = &nuevo();
-                break;
-            case Ventana::Minutos:
-                w = &minutos();
-                break;
-            case Ventana::Programado:
-                w = &r().formAceptarPedidoProg();
-                break;
-            case Ventana::Rechazo:
-                w = &rechazo();
-                break;
-            }
-            ASSERT_TRUE(w->isVisible()) << "tecla " << p.tecla;
+        for (const QString& p : pulsaciones) {
+            const QString en = p.section(u':', 0, 0);
+            bool conocida = false;
+            const int tecla =
+                teclas.keyToValue(("Key_" + p.section(u':', 1)).toLatin1().constData(), &conocida);
+            ASSERT_TRUE(conocida) << p.toStdString();
+            QWidget* w = en == u"pedido"       ? static_cast<QWidget*>(&nuevo())
+                         : en == u"minutos"    ? static_cast<QWidget*>(&minutos())
+                         : en == u"programado" ? static_cast<QWidget*>(&r().formAceptarPedidoProg())
+                                               : static_cast<QWidget*>(&rechazo());
+            ASSERT_TRUE(w->isVisible()) << p.toStdString();
             w->activateWindow();
             // Shortcuts go to the active window only.
             ASSERT_TRUE(QTest::qWaitFor([w] { return w->isActiveWindow(); }, 2000));
             QWidget* destino = w->focusWidget() != nullptr ? w->focusWidget() : w;
 
-            QTest::keyClick(destino, static_cast<Qt::Key>(p.tecla));
+            QTest::keyClick(destino, static_cast<Qt::Key>(tecla));
         }
         const QStringList enviadas = respuestas();
-        if (*c.enviado == '\0') {
+        if (enviado == u"-") {
             EXPECT_TRUE(enviadas.isEmpty());
             EXPECT_TRUE(nuevo().isVisible());
             EXPECT_TRUE(nuevo().TimerSilenciar().enabled()); // silenced for a minute
@@ -455,7 +406,7 @@ TEST_F(Respuestas, ElTecladoBastaParaResponder) {
             rechazo().findChild<QComboBox*>(QStringLiteral("comMotivoRechazo"))->setCurrentIndex(1);
             pulsar(&rechazo(), "butRechazar"); // clear the order for the next case
         } else {
-            EXPECT_EQ(enviadas, QStringList{QString::fromUtf8(c.enviado)});
+            EXPECT_EQ(enviadas, QStringList{enviado});
             EXPECT_FALSE(m.PedidoNuevoPendiente);
         }
     }
