@@ -48,22 +48,6 @@ struct GatewayReal : ::testing::Test {
 
 } // namespace
 
-TEST_F(GatewayReal, UnIntentoHttpsFallidoYTodoLoDemasPorHttp) {
-    for (int i = 0; i < 3; ++i) {
-        f->ComprobarPedidosNuevos();
-    }
-    const auto r = sim.registro();
-    ASSERT_EQ(r.size(), 4);
-    EXPECT_EQ(r[0].esquema, QStringLiteral("https"));
-    for (int i = 1; i < 4; ++i) {
-        EXPECT_EQ(r[i].esquema, QStringLiteral("http"));
-        EXPECT_EQ(r[i].ruta, QStringLiteral("pedidosgprs/pedidosnuevos"));
-    }
-    EXPECT_EQ(m.UrlBase, QStringLiteral("http://") + sim.base());
-    enLinea();
-    EXPECT_EQ(texto("TextEstadoApertura"), QStringLiteral("Abierto"));
-}
-
 TEST_F(GatewayReal, LosFallosDelServicioSeVenYElSondeoSigueEnSilencio) {
     m.UrlBase = m.UrlBaseHttp;
     // Faults of the connection turn the display red with "??".

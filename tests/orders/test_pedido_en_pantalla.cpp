@@ -17,13 +17,10 @@
 #include "sound/AlertaSonora.h"
 
 #include <QAction>
-#include <QApplication>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTreeWidget>
@@ -183,27 +180,6 @@ TEST_F(Escritorio, UnPedidoProgramadoParaRecogerSeDestacaEnBlancoSobreAzul) {
     textos({{"labPara", "Ahora"}, {"LabOrigen", "Tarvimenta"}});
     EXPECT_FALSE(control("labPara")->autoFillBackground());
     vistos({"TxtDireccion"}, true);
-}
-
-TEST_F(Escritorio, UnPedidoLargoDejaLosPreciosALaVista) {
-    QString productos;
-    for (int i = 0; i < 30; ++i) {
-        productos += QStringLiteral("1%Pizza número ") + QString::number(i) +
-                     QStringLiteral(" - Sin cebolla%2.50%") + QString::number(300 + i) +
-                     QStringLiteral("%12;");
-    }
-    llega(QStringLiteral("#PED*web*5004*") + productos +
-          QStringLiteral("*0.00*0.00;75.00;1;Eva Gil;Recogen;14/11/2026 21:30%%Para: Ahora;0;1;"
-                         "Tarjeta;633444555;Pendiente;;;0.00;;0;75.00;*#"));
-    auto* lista = qobject_cast<QTreeWidget*>(control("ListViewProductos"));
-    ASSERT_EQ(lista->topLevelItemCount(), 61);
-    QApplication::processEvents();
-
-    // The vertical scroll bar takes its width from the product column, not from the prices.
-    EXPECT_TRUE(lista->verticalScrollBar()->isVisible());
-    EXPECT_FALSE(lista->horizontalScrollBar()->isVisible());
-    EXPECT_EQ(lista->header()->length(), lista->viewport()->width());
-    EXPECT_EQ(lista->columnWidth(3), 900 * lista->logicalDpiX() / 1440);
 }
 
 TEST_F(Escritorio, UnPedidoEnEfectivoSinPagarMuestraElCambio) {

@@ -134,30 +134,6 @@ TEST_F(Respuestas, AceptarConMinutosResponde20YVuelveASondear) {
     EXPECT_EQ(m.UltimoIdPedido, QStringLiteral("5003"));
 }
 
-TEST_F(Respuestas, ProgramadoYNoEspecificarEnvianCeroMinutos) {
-    llega(kProgramado);
-    pulsar(&nuevo(), "Aceptar");
-    FormAceptarPedidoProg& prog = r().formAceptarPedidoProg();
-    ASSERT_TRUE(prog.isVisible());
-    EXPECT_FALSE(r().formAceptarPedido().isVisible());
-    EXPECT_EQ(prog.LabelParaProg()->text(),
-              nuevo().findChild<QLabel*>(QStringLiteral("labPara"))->text());
-    EXPECT_FALSE(prog.LabelParaProg()->text().isEmpty());
-    pulsar(&prog, "AceptarProgramado");
-    EXPECT_FALSE(prog.isVisible());
-
-    m.MostrarSinTiempo = true;
-    f->AplicarConfiguracion();
-    llega(kDomicilio);
-    pulsar(&nuevo(), "Aceptar");
-    ASSERT_TRUE(minutos().AceptarMinutos(16)->isVisible());
-    EXPECT_EQ(minutos().AceptarMinutos(16)->text(), QStringLiteral("No especificar"));
-    QTest::mouseClick(minutos().AceptarMinutos(16), Qt::LeftButton);
-    EXPECT_EQ(respuestas(),
-              (QStringList{"a=41&o=5002&ak=Accepted&m=0_Minutos&dt=nousado&u=nousado&p=pg7",
-                           "a=41&o=5001&ak=Accepted&m=0_Minutos&dt=nousado&u=nousado&p=pg7"}));
-}
-
 TEST_F(Respuestas, AtrasVuelveAlPedidoSinEnviarNada) {
     llega(kDomicilio);
     pulsar(&nuevo(), "Aceptar");
@@ -174,26 +150,6 @@ TEST_F(Respuestas, AtrasVuelveAlPedidoSinEnviarNada) {
     EXPECT_TRUE(nuevo().isVisible());
     EXPECT_TRUE(respuestas().isEmpty());
     EXPECT_EQ(tickets(), 0);
-}
-
-TEST_F(Respuestas, UnErrorAlEnviarDejaLasVentanasYElSiguienteIntentoFunciona) {
-    m.ImprimirAntesAceptar = true;
-    llega(kDomicilio);
-    pulsar(&nuevo(), "Aceptar");
-    sim.fallo(QStringLiteral("error"), 0, 1, kRespuesta);
-    QTest::mouseClick(minutos().AceptarMinutos(0), Qt::LeftButton);
-    ASSERT_EQ(cajas->cajas().size(), 1);
-    EXPECT_TRUE(minutos().isVisible());
-    EXPECT_TRUE(m.PedidoNuevoPendiente);
-    EXPECT_FALSE(minutos().Respondiendo);
-    EXPECT_FALSE(f->TimerPedidos().enabled());
-
-    QTest::mouseClick(minutos().AceptarMinutos(0), Qt::LeftButton);
-    EXPECT_EQ(respuestas().size(), 2);
-    EXPECT_EQ(respuestas().last(),
-              QStringLiteral("a=41&o=5001&ak=Accepted&m=5_Minutos&dt=nousado&u=nousado&p=pg7"));
-    EXPECT_FALSE(minutos().isVisible());
-    EXPECT_EQ(cajas->cajas().size(), 1);
 }
 
 TEST_F(Respuestas, DosPulsacionesRapidasEnvianUnaSolaRespuesta) {

@@ -4,7 +4,6 @@
 #include "impresora_dw_prueba.h"
 #include "printing/ImpresoraDWQt_ui.h"
 #include "printing/TicketClienteDW.h"
-#include "printing/TicketCocinaDW.h"
 
 #include <QFile>
 #include <QMap>
@@ -45,83 +44,9 @@ protected:
         return lineas;
     }
 
-    // Whether each piece stands on a line of its own, in this order.
-    static void enOrden(const QStringList& lineas, const QStringList& piezas) {
-        qsizetype desde = 0;
-        for (const QString& pieza : piezas) {
-            qsizetype encontrada = -1;
-            for (qsizetype i = desde; i < lineas.size(); ++i) {
-                if (lineas[i].contains(pieza)) {
-                    encontrada = i;
-                    break;
-                }
-            }
-            EXPECT_GE(encontrada, 0)
-                << "not found after line " << desde << ": " << pieza.toStdString() << "\n"
-                << lineas.join(u'\n').toStdString();
-            if (encontrada >= 0) {
-                desde = encontrada + 1;
-            }
-        }
-    }
-
     QTemporaryDir tmp;
     QString carpeta;
 };
-
-TEST_F(ImpresionPdf, TicketDeClienteEnPdf) {
-    ClassConfigImpresora i = impresoraDW("Mostrador");
-    i.Font = "DejaVu Sans Mono";
-    i.SeparadorLineas = QString(42, u'-');
-    i.TamannoFuenteSeparador = 6;
-    i.FactorFuente = 3.2;
-    i.NumLineasBlancoFinal = 2;
-    auto impresora = pdf("ticket-cliente.pdf");
-    ImprimirTicketDW(m, *impresora, i);
-    ASSERT_EQ(impresora->ficherosPdf().size(), 1);
-    const QStringList lineas = texto(impresora->ficherosPdf()[0]);
-    // What each ticket says is the recorder tests' matter; here, that the drawing keeps it:
-    // 18 characters a line at 14 points with this factor wrap the header text.
-    enOrden(lineas, {"Casa Tarvi", "Gracias por su", "pedido", u"Ped. Nº: 1234"_qs, u"Ana Pérez"_qs,
-                     u"¡Buen provecho!"_qs, "."});
-    // Prices and the total stand on the line they end.
-    auto lineaCon = [&lineas](const QString& pieza) {
-        for (const QString& l : lineas) {
-            if (l.contains(pieza)) {
-                return l;
-            }
-        }
-        return QString();
-    };
-    EXPECT_TRUE(lineaCon("2 X Pizza Margarita").endsWith(u"9,50€"_qs));
-    EXPECT_TRUE(lineaCon("Queso, Bacon").endsWith(u"7,25€"_qs));
-    EXPECT_TRUE(lineaCon("Total:").endsWith(u"25,75€"_qs));
-}
-
-TEST_F(ImpresionPdf, TicketDeCocinaEnPdfYNadaCuandoNoLeToca) {
-    ClassConfigImpresora i = impresoraDW("Cocina", true);
-    i.Font = "DejaVu Sans Mono";
-    i.SeparadorLineas = QString(42, u'-');
-    i.TamannoFuenteSeparador = 6;
-    i.FactorFuente = 3.2;
-    i.CategoriasIds = "4";
-    i.MostrarNombreImpresora = true;
-    i.NombreImpresoraGrande = true;
-    i.NumPedidoYFormaEnvFinal = 1;
-    auto impresora = pdf("ticket-cocina.pdf");
-    ImprimirTicketCocinaDW(m, *impresora, i);
-    ASSERT_EQ(impresora->ficherosPdf().size(), 1);
-    const QStringList lineas = texto(impresora->ficherosPdf()[0]);
-    enOrden(lineas, {"Cocina", u"Ped. Nº: 1234"_qs, "1 X Hamburguesa", u"1234 Envío a Dom."_qs});
-    EXPECT_FALSE(lineas.join(u'\n').contains("Pizza")) << "another category";
-
-    // Nothing of category 9: no document, no file.
-    i.CategoriasIds = "9";
-    auto otra = pdf("ticket-cocina-vacio.pdf");
-    ImprimirTicketCocinaDW(m, *otra, i);
-    EXPECT_TRUE(otra->ficherosPdf().isEmpty());
-    EXPECT_FALSE(QFile::exists(carpeta + "/ticket-cocina-vacio.pdf"));
-}
 
 QString poppler(const QString& programa, const QStringList& argumentos) {
     QProcess p;

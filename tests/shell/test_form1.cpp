@@ -7,6 +7,8 @@
 #include "shell/Form1.h"
 
 #include <QAction>
+#include <QDir>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -240,4 +242,15 @@ TEST_F(Form1_, TimerConfigLeeSoloCuandoPasaronLosSegundos) {
     const QDateTime antes = f.UltimaLecturaConfig;
     f.TimerConfig().disparar();
     EXPECT_EQ(f.UltimaLecturaConfig, antes);
+}
+
+TEST_F(Form1_, LaEntradaDeArranqueVuelveEnCadaInicioSalvoSiSeRehuso) {
+    const QString entrada = QDir(qEnvironmentVariable("XDG_CONFIG_HOME"))
+                                .filePath("autostart/TarvimentaPedidos.desktop");
+    for (const qint16 creados : {1, 0}) {
+        QFile::remove(entrada);
+        e.m.AccesosCreados = creados;
+        f.IniciarPrograma();
+        EXPECT_EQ(QFile::exists(entrada), creados == 0) << creados;
+    }
 }
