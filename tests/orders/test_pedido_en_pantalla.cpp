@@ -322,18 +322,6 @@ TEST_F(Escritorio, ElOrdenDelCaminoDelPedido) {
     EXPECT_FALSE(ventana().TimerColorFondo().enabled());
 }
 
-TEST_F(Escritorio, UnFalloAlPintarSeAvisaYElPedidoSigueEnPantalla) {
-    llega(QStringLiteral("#PED*web*5004*1%Pizza - X%9.00%1%2;*0*0;9;1;Eva;Recogen;hoy%%Para: "
-                         "Ahora;0;6;Tarjeta;6;Pendiente;;;0;;0;9;*#"));
-    ASSERT_EQ(cajas->cajas().size(), 1);
-    EXPECT_EQ(cajas->cajas()[0].texto,
-              QStringLiteral("Error en tiempo de ejecución '9': El subíndice está fuera del "
-                             "intervalo"));
-    EXPECT_TRUE(m.PedidoNuevoPendiente);
-    EXPECT_TRUE(ventana().isVisible());
-    EXPECT_EQ(texto("LabNPedido"), QStringLiteral("5004"));
-}
-
 TEST_F(Escritorio, ImprimirDesdeLaVentanaVaPorLaRutaDelPedidoNuevo) {
     // Which slot prints is the route's matter; the button only has to reach it.
     llega(kDomicilio);

@@ -1,13 +1,12 @@
-// The stand-in service as a plain client sees it over loopback: the record, queued replies,
-// faults, the https front, credentials and orders.
-#include "GeneradorPedidos.h"
+// The stand-in service as a plain client sees it over loopback: its faults and the
+// credentials of the configuration. The record, queued replies and orders are what every
+// test of the desk against it stands on.
 #include "common/SimuladorPrueba.h"
 
 #include <QElapsedTimer>
 #include <QJsonDocument>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
-#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QStringDecoder>
 #include <QTest>
@@ -23,16 +22,6 @@ QByteArray Cuerpo(SimuladorPrueba& sim, const QByteArray& objetivo) {
     const auto r = sim.peticion("GET", objetivo);
     EXPECT_TRUE(r.respondida) << objetivo.toStdString();
     return r.cuerpo;
-}
-
-QByteArray Poll(SimuladorPrueba& sim) {
-    return Cuerpo(sim, "/api/pedidosgprs/pedidosnuevos?restid=7&password=p&numconfig=1");
-}
-
-// The order data list of an order line.
-QStringList DatosPedido(const QByteArray& linea) {
-    const QStringList piezas = QString::fromUtf8(linea.mid(1, linea.size() - 2)).split('*');
-    return piezas.size() > 5 ? piezas[5].split(';') : QStringList();
 }
 
 bool EsUtf8(const QByteArray& bytes) {
@@ -157,66 +146,4 @@ TEST(Simulador, CredencialesDeLaConfiguracion) {
     const QByteArray roto = "{\"nombre\": \"Casa Pañó\", \"pgprs\": ";
     sim.configurarTexto(12, "k", 1, roto);
     EXPECT_EQ(Cuerpo(sim, v2 + "idEstablecimiento=12&passwordconfig=k&numconfig=1"), roto);
-}
-
-TEST(Simulador, PedidosGeneradosSeSirvenYSeResponden) {
-    SimuladorPrueba sim;
-    ASSERT_TRUE(sim.enMarcha());
-    const QJsonArray creados = sim.generarPedidos(2, 77, "domicilio", 2);
-    ASSERT_EQ(creados.size(), 2);
-    const QString n1 = creados[0]["numero"].toString();
-    const QString n2 = creados[1]["numero"].toString();
-    EXPECT_NE(n1, n2);
-    EXPECT_EQ(creados[0]["estado"], "Pendiente");
-
-    // The line is the shared generator's, with the service's own order number.
-    auto esperado = simulador::GenerarPedido(77, simulador::ClasePedido::Domicilio, 2);
-    esperado.NumPedido = n1.toStdString();
-    esperado.Origen = "7";
-    const QByteArray linea1 = QByteArray::fromStdString(simulador::LineaPedido(esperado));
-    EXPECT_EQ(creados[0]["linea"].toString().toUtf8(), linea1);
-
-    EXPECT_EQ(Poll(sim), linea1);
-    EXPECT_EQ(Poll(sim), creados[1]["linea"].toString().toUtf8());
-    EXPECT_EQ(Poll(sim), "estadoapertura:Abierto");
-
-    const QByteArray estado = "/api/pedidosgprs/obtenerEstadoPedido?idEstablecimiento=7&"
-                              "passwordconfig=clave&numconfig=1&idPedidoEst=";
-    EXPECT_EQ(Cuerpo(sim, estado + n1.toUtf8() + "&modeloImpresora=3"), "#1#");
-    EXPECT_EQ(Cuerpo(sim, "/api/pedidosgprs/respuestapedidos?a=7&o=" + n1.toUtf8() +
-                              "&ak=Accepted&m=20_Minutos&dt=nousado&u=nousado&p=x"),
-              "OK");
-    const QByteArray rechazo =
-        "a=7&o=" + n2.toUtf8() + "&ak=Rejected&m=Sin%20ingredientes%20de%20ca%F1a&dt=nousado";
-    EXPECT_EQ(Cuerpo(sim, "/api/pedidosgprs/respuestapedidos?" + rechazo), "OK");
-    EXPECT_EQ(Cuerpo(sim, estado + n1.toUtf8()), "#2#");
-    EXPECT_EQ(Cuerpo(sim, estado + n2.toUtf8()), "#2#");
-
-    const QStringList datos1 = DatosPedido(
-        Cuerpo(sim, "/api/pedidosgprs/obtenerPedido?idEstablecimiento=7&passwordconfig=clave&"
-                    "numconfig=1&idPedidoEst=" +
-                        n1.toUtf8() + "&modeloImpresora=3&version=1.6.2"));
-    ASSERT_EQ(datos1.size(), 18);
-    EXPECT_EQ(datos1[10], "Aceptado");
-    EXPECT_EQ(datos1[11], "20");
-    EXPECT_TRUE(QRegularExpression(QStringLiteral("^\\d\\d/\\d\\d/\\d{4} \\d{1,2}:\\d\\d:\\d\\d$"))
-                    .match(datos1[17])
-                    .hasMatch())
-        << datos1[17].toStdString();
-    const QStringList datos2 =
-        DatosPedido(Cuerpo(sim, "/api/pedidosgprs/obtenerPedido?idPedidoEst=" + n2.toUtf8()));
-    ASSERT_EQ(datos2.size(), 18);
-    EXPECT_EQ(datos2[10], "Rechazado");
-    EXPECT_EQ(datos2[11], QStringLiteral("Sin ingredientes de caña"));
-
-    EXPECT_EQ(Cuerpo(sim, "/api/pedidosgprs/obtenerPedido?idPedidoEst=999"), "");
-    EXPECT_EQ(Cuerpo(sim, estado + "999"), "");
-
-    // The control side keeps each answer as it came.
-    const QJsonArray guardados = sim.pedidos();
-    ASSERT_EQ(guardados.size(), 2);
-    const QJsonArray respuestas = guardados[1]["respuestas"].toArray();
-    ASSERT_EQ(respuestas.size(), 1);
-    EXPECT_EQ(respuestas[0]["ak"], "Rejected");
-    EXPECT_EQ(respuestas[0]["consulta"].toString(), QString::fromLatin1(rechazo));
 }

@@ -1,11 +1,8 @@
 // The two real players over the media stack, on real melody files: states, restarts,
 // stops by name, and the end of a melody reading "Detenido" so that the repeat can act.
-#include "base/ModuloPrincipal.h"
-#include "sound/AlertaSonora.h"
 #include "sound/ReproductoresQt_ui.h"
 
 #include <QTest>
-#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace {
@@ -74,46 +71,6 @@ TEST(ReproductorComandos, CadaArchivoSuenaYSeParaPorSuNombre) {
     EXPECT_EQ(r.estado(), Reproduciendo);
     r.detener(corneta);
     EXPECT_EQ(r.estado(), Detenido);
-}
-
-TEST(AlertaSonoraReal, LaRepeticionSeFiaDelEstadoDelReproductorReal) {
-    ModuloPrincipal m;
-    m.CarpetaAplicacion = QStringLiteral(CARPETA_BIN);
-    m.MelodiaPedNuevo = QStringLiteral("telef3_3.mp3");
-    m.VolumenMelodiaWmp = 30;
-    auto comandos = std::make_unique<ReproductorComandos>();
-    auto medios = std::make_unique<ReproductorMedios>();
-    const ReproductorAudio& modo0 = *comandos;
-    const ReproductorAudio& modo1 = *medios;
-    AlertaSonora& s = m.sonido();
-    s.setReproductores(std::move(comandos), std::move(medios));
-    QStringList info;
-    QObject::connect(&m, &ModuloPrincipal::textoInfo, [&info](const QString& t) { info << t; });
-
-    m.TipoReproAudio = 1;
-    s.PrepararMelodiaYVolumen();
-    m.PedidoNuevoPendiente = true;
-    s.ReproducirSonido();
-    ASSERT_TRUE(esperarEstado(modo1, Reproduciendo, 5000));
-    s.DetenerSonido();
-    EXPECT_EQ(modo1.estado(), Detenido);
-    s.tickMusica(); // stopped while the order waits: the tick starts it again
-    ASSERT_TRUE(esperarEstado(modo1, Reproduciendo, 5000));
-    m.PedidoNuevoPendiente = false;
-    s.DetenerSonido();
-    s.tickMusica(); // nothing waits: it stays quiet
-    EXPECT_EQ(modo1.estado(), Detenido);
-    EXPECT_EQ(modo0.estado(), Detenido) << "mode 1 never touches the other player";
-
-    // Mode 0 plays and stops the same file by its name.
-    m.TipoReproAudio = 0;
-    s.PrepararMelodia();
-    s.ReproducirSonido();
-    ASSERT_TRUE(esperarEstado(modo0, Reproduciendo, 5000));
-    s.DetenerSonido();
-    EXPECT_EQ(modo0.estado(), Detenido);
-    EXPECT_TRUE(std::all_of(info.begin(), info.end(), [](const QString& t) { return t.isEmpty(); }))
-        << info.join(QLatin1Char('|')).toStdString();
 }
 
 } // namespace
