@@ -8,7 +8,6 @@
 
 #include <QComboBox>
 #include <QGroupBox>
-#include <QJsonArray>
 #include <QJsonObject>
 #include <QLabel>
 #include <QLineEdit>

@@ -24,10 +24,8 @@
 #include <QLoggingCategory>
 #include <QMetaEnum>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
-#include <QTreeWidget>
 #include <gtest/gtest.h>
 
 namespace rp = respuesta_pedido;

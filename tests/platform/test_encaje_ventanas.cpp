@@ -14,9 +14,7 @@
 #include "settings/FormImpresoras.h"
 #include "shell/Form1.h"
 
-#include <QApplication>
 #include <QPushButton>
-#include <QScreen>
 #include <QScrollBar>
 #include <QTest>
 #include <QTreeWidget>

@@ -5,7 +5,6 @@
 #include "printing/ImpresoraDWQt_ui.h"
 #include "printing/TicketClienteDW.h"
 
-#include <QFile>
 #include <QMap>
 #include <QProcess>
 #include <QRegularExpression>

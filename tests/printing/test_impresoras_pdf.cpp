@@ -7,7 +7,6 @@
 #include "printing/RutasImpresion.h"
 #include "shell/LineaComandos.h"
 
-#include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>

@@ -8,7 +8,6 @@
 #include "server/LectorJson.h"
 
 #include <QJsonArray>
-#include <QJsonObject>
 #include <gtest/gtest.h>
 
 namespace {

@@ -9,7 +9,6 @@
 #include <QNetworkReply>
 #include <QSignalSpy>
 #include <QStringDecoder>
-#include <QTest>
 #include <functional>
 #include <gtest/gtest.h>
 

@@ -10,7 +10,6 @@
 #include <QAction>
 #include <QDir>
 #include <QFileInfo>
-#include <QJsonArray>
 #include <QJsonObject>
 #include <gtest/gtest.h>
 

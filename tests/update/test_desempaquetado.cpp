@@ -2,7 +2,6 @@
 #include "update/ServicioActualizacion.h"
 #include "update/ZipPrueba.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
