@@ -114,13 +114,13 @@ private:
 // Writes `datos` over the start of the file at `ruta` without ever leaving it half
 // written: the new contents (with whatever the old file held past them, which the readers
 // may rely on) go to a temporary file in the same folder, synced, then renamed over it.
-// A device (a printer port, /dev/full) or a folder where no temporary file can be made is
-// written in place, as the file would have been opened before.
+// A device (/dev/full), a link, or a folder where no temporary file can be made is written
+// in place, as the file would have been opened before.
 void escribirEntero(const QString& ruta, const QByteArray& datos, mode_t permisos,
                     bool conservarCola = true) {
     const QByteArray nombre = QFile::encodeName(ruta);
     struct stat estado {};
-    const bool existe = ::stat(nombre.constData(), &estado) == 0;
+    const bool existe = ::lstat(nombre.constData(), &estado) == 0;
     const auto enSuSitio = [&] {
         ArchivoBinario archivo(ruta, permisos);
         archivo.escribirDesdeElPrincipio(datos);
