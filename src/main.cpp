@@ -6,6 +6,7 @@
 #include "platform/DiarioSistema.h"
 #include "platform/EncajeVentanas_ui.h"
 #include "platform/InstanciaUnica.h"
+#include "platform/SalidaAudioQt_ui.h"
 #include "platform/SenalesTerminacion.h"
 #include "printing/ImpresoraDWQt_ui.h"
 #include "printing/ImpresorasDWPdf_ui.h"
@@ -103,6 +104,7 @@ int main(int argc, char** argv) {
         }
     });
     if (!m.ModoActualizador) {
+        form1.vigilarSonido(std::make_unique<SalidaAudioSistema>());
         form1.show();
         form1.activateWindow();
     }

@@ -8,8 +8,11 @@
 #include <QByteArray>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -28,6 +31,7 @@ constexpr int kRutaNoEncontrada = 76;
         throw ErrorEjecucion(kRutaNoEncontrada);
     case ENOSPC:
     case EDQUOT:
+    case EFBIG:
         throw ErrorEjecucion(ErrorEjecucion::DiscoLleno);
     default:
         throw ErrorEjecucion(escribiendo ? ErrorEjecucion::ErrorDeEntradaSalida : kErrorAccesoRuta);
@@ -37,11 +41,18 @@ constexpr int kRutaNoEncontrada = 76;
 // A file opened for binary access: created when absent, never truncated, always closed.
 class ArchivoBinario {
 public:
-    ArchivoBinario(const QString& ruta, mode_t permisos) {
+    // For a reading, a file that may only be read is read all the same.
+    ArchivoBinario(const QString& ruta, mode_t permisos, bool paraLeer = false) {
         const QByteArray nombre = QFile::encodeName(ruta);
         fd_ = ::open(nombre.constData(), O_RDWR | O_CREAT | O_CLOEXEC, permisos);
         if (fd_ < 0) {
-            fallo(errno, false);
+            const int numero = errno;
+            if (paraLeer && (numero == EACCES || numero == EROFS)) {
+                fd_ = ::open(nombre.constData(), O_RDONLY | O_CLOEXEC);
+            }
+            if (fd_ < 0) {
+                fallo(numero, false);
+            }
         }
     }
     ~ArchivoBinario() {
@@ -100,6 +111,89 @@ private:
     int fd_ = -1;
 };
 
+// Writes `datos` over the start of the file at `ruta` without ever leaving it half
+// written: the new contents (with whatever the old file held past them, which the readers
+// may rely on) go to a temporary file in the same folder, synced, then renamed over it.
+// A device (/dev/full), a link, or a folder where no temporary file can be made is written
+// in place, as the file would have been opened before.
+void escribirEntero(const QString& ruta, const QByteArray& datos, mode_t permisos,
+                    bool conservarCola = true) {
+    const QByteArray nombre = QFile::encodeName(ruta);
+    struct stat estado {};
+    const bool existe = ::lstat(nombre.constData(), &estado) == 0;
+    const auto enSuSitio = [&] {
+        ArchivoBinario archivo(ruta, permisos);
+        archivo.escribirDesdeElPrincipio(datos);
+        archivo.cerrar();
+    };
+    if (existe && !S_ISREG(estado.st_mode)) {
+        enSuSitio();
+        return;
+    }
+    QByteArray completo = datos;
+    if (existe) {
+        const int viejo = ::open(nombre.constData(), O_RDONLY | O_CLOEXEC);
+        if (viejo >= 0) {
+            char bloque[4096];
+            off_t desde = 0;
+            QByteArray anterior;
+            ssize_t n = 0;
+            while ((n = ::pread(viejo, bloque, sizeof bloque, desde)) > 0) {
+                anterior.append(bloque, n);
+                desde += n;
+            }
+            ::close(viejo);
+            if (conservarCola && anterior.size() > datos.size()) {
+                completo.append(anterior.mid(datos.size()));
+            }
+        }
+        permisos = estado.st_mode & 07777;
+    } else {
+        const mode_t mascara = ::umask(0);
+        ::umask(mascara);
+        permisos &= ~mascara;
+    }
+    QByteArray plantilla = nombre + ".XXXXXX";
+    const int fd = ::mkstemp(plantilla.data());
+    if (fd < 0) {
+        if (errno == EACCES || errno == EPERM || errno == EROFS) {
+            enSuSitio();
+            return;
+        }
+        fallo(errno, true);
+    }
+    const auto abandonar = [&](int numeroErrno) {
+        ::close(fd);
+        ::unlink(plantilla.constData());
+        fallo(numeroErrno, true);
+    };
+    qsizetype hecho = 0;
+    while (hecho < completo.size()) {
+        const ssize_t n =
+            ::write(fd, completo.constData() + hecho, static_cast<size_t>(completo.size() - hecho));
+        if (n < 0) {
+            if (errno == EINTR) {
+                continue;
+            }
+            abandonar(errno);
+        }
+        hecho += n;
+    }
+    if (::fchmod(fd, permisos) != 0 || ::fsync(fd) != 0) {
+        abandonar(errno);
+    }
+    if (::close(fd) != 0) {
+        const int e = errno;
+        ::unlink(plantilla.constData());
+        fallo(e, true);
+    }
+    if (::rename(plantilla.constData(), nombre.constData()) != 0) {
+        const int e = errno;
+        ::unlink(plantilla.constData());
+        fallo(e, true);
+    }
+}
+
 QString rutaEn(const QString& carpeta, const QString& nombre) {
     return carpeta.isEmpty() ? nombre : QDir(carpeta).filePath(nombre);
 }
@@ -111,6 +205,9 @@ public:
     explicit LectorRegistro(const QByteArray& d) : d_(d) {}
     quint32 entero(int bytes) {
         quint32 v = 0;
+        if (p_ < d_.size() && p_ + bytes > d_.size()) {
+            cortado_ = true;
+        }
         for (int k = 0; k < bytes; ++k) {
             if (p_ < d_.size()) {
                 v |= static_cast<quint32>(static_cast<unsigned char>(d_[p_])) << (8 * k);
@@ -126,13 +223,20 @@ public:
         const auto largo = static_cast<qsizetype>(entero(2));
         const qsizetype desde = qMin(p_, d_.size());
         const qsizetype hay = qMin(largo, d_.size() - desde);
+        cortado_ = cortado_ || hay < largo;
         p_ += largo;
         return cp1252::aTexto(d_.constData() + desde, hay);
     }
 
+    // A field that began before the end of the data and did not fit in it: the file was
+    // cut short or is not a record at all. A record that ends between two fields is one of
+    // an older version, not a damaged one.
+    bool cortado() const { return cortado_; }
+
 private:
     const QByteArray& d_;
     qsizetype p_ = 0;
+    bool cortado_ = false;
 };
 
 void anadirEntero(QByteArray& r, quint32 v, int bytes) {
@@ -147,7 +251,59 @@ void anadirTexto(QByteArray& r, const QString& t) {
     r.append(b);
 }
 
+bool esHexadecimal(const QString& t) {
+    if (t.size() % 2 != 0) {
+        return false;
+    }
+    return std::all_of(t.begin(), t.end(), [](QChar c) {
+        return (c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'F') || (c >= u'a' && c <= u'f');
+    });
+}
+
+bool esNumeroPedido(const QString& campo) {
+    return std::all_of(campo.begin(), campo.end(), [](QChar c) {
+        return (c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z') ||
+               c == u'-' || c == u'_';
+    });
+}
+
 } // namespace
+
+QString TextoFalloGuardar(const QString& nombre, const ErrorEjecucion& e) {
+    QString consejo;
+    switch (e.numero()) {
+    case ErrorEjecucion::DiscoLleno:
+        consejo = QStringLiteral("Por favor, libere espacio en el disco.");
+        break;
+    case ErrorEjecucion::PermisoDenegado:
+        consejo = QStringLiteral("Por favor, compruebe los permisos de la carpeta.");
+        break;
+    default:
+        consejo = QStringLiteral("Por favor, compruebe el disco.");
+        break;
+    }
+    return QStringLiteral("No se ha podido guardar %1 (%2). %3")
+        .arg(nombre, e.descripcion(), consejo);
+}
+
+QString TextoFalloLeerConfig(const ErrorEjecucion& e) {
+    return QStringLiteral("No se ha podido leer el archivo de configuración config.txt (%1). "
+                          "Por favor, compruebe sus permisos o introduzca de nuevo los datos del "
+                          "establecimiento en Admin.")
+        .arg(e.descripcion());
+}
+
+bool GuardarAvisando(ModuloPrincipal& m, const QString& nombre,
+                     const std::function<void(ModuloPrincipal&)>& guardar) {
+    try {
+        guardar(m);
+    } catch (const ErrorEjecucion& e) {
+        Q_EMIT m.avisoArchivos(TextoFalloGuardar(nombre, e));
+        return false;
+    }
+    Q_EMIT m.avisoArchivos(QString());
+    return true;
+}
 
 void GuardarConfigTxt(ModuloPrincipal& m) {
     m.RutaConfigTxt = rutaEn(m.CarpetaDatos, QStringLiteral("config.txt"));
@@ -160,16 +316,15 @@ void GuardarConfigTxt(ModuloPrincipal& m) {
     anadirEntero(r, static_cast<quint16>(m.AccesosCreados), 2);
     anadirEntero(r, static_cast<quint16>(m.MetconGuardado), 2);
     anadirEntero(r, static_cast<quint16>(m.NumConfig), 2);
-    ArchivoBinario archivo(m.RutaConfigTxt, 0600);
-    archivo.escribirDesdeElPrincipio(r);
-    archivo.cerrar();
+    escribirEntero(m.RutaConfigTxt, r, 0600);
 }
 
-void LeerConfigTxt(ModuloPrincipal& m) {
+QString LeerConfigTxt(ModuloPrincipal& m) {
     m.RutaConfigTxt = rutaEn(m.CarpetaDatos, QStringLiteral("config.txt"));
+    const bool existia = QFileInfo::exists(m.RutaConfigTxt);
     QByteArray datos;
     {
-        ArchivoBinario archivo(m.RutaConfigTxt, 0600);
+        ArchivoBinario archivo(m.RutaConfigTxt, 0600, true);
         datos = archivo.leerTodo();
         archivo.cerrar();
     }
@@ -183,24 +338,58 @@ void LeerConfigTxt(ModuloPrincipal& m) {
     m.MetconGuardado = static_cast<qint16>(r.entero(2));
     m.NumConfig = static_cast<qint16>(r.entero(2));
 
+    QString aviso;
+    bool reescribir = true;
+    if (existia && datos.isEmpty()) {
+        aviso = AvisoConfigVacio;
+    } else if (r.cortado() || m.IdEstablecimiento < 0 || !esHexadecimal(m.PasswordConfigCifrada)) {
+        // What can be read is used; the file as it was is kept aside before anything is
+        // written over it, and if that copy cannot be made it is not written over at all.
+        aviso = AvisoConfigDanado;
+        try {
+            escribirEntero(rutaEn(m.CarpetaDatos, NombreCopiaConfigDanado), datos, 0600);
+        } catch (const ErrorEjecucion& e) {
+            reescribir = false;
+            aviso = AvisoConfigDanadoSinCopia.arg(e.descripcion());
+        }
+        if (!esHexadecimal(m.PasswordConfigCifrada)) {
+            m.PasswordConfigCifrada.clear();
+        }
+    }
+
+    // A rewrite that fails (a full disk) is told and the reading goes on: what was read is
+    // in memory and the file on disk is still whole.
+    const auto reescribirSiSePuede = [&] {
+        if (!reescribir) {
+            return;
+        }
+        try {
+            GuardarConfigTxt(m);
+        } catch (const ErrorEjecucion& e) {
+            reescribir = false;
+            const QString fallo = TextoFalloGuardar(QStringLiteral("config.txt"), e);
+            aviso = aviso.isEmpty() ? fallo : aviso + QLatin1Char(' ') + fallo;
+        }
+    };
     // Old versions kept the password in the clear: encipher it once.
     if (!m.PasswordConfig.isEmpty() && m.PasswordConfigCifrada.isEmpty()) {
         m.PasswordConfigCifrada = CifrarAjuste(m.PasswordConfig, ModuloPrincipal::ClaveAjustes);
-        GuardarConfigTxt(m);
+        reescribirSiSePuede();
     }
     if (m.NumConfig == 0 || m.NumConfig > 9) {
         m.NumConfig = 1;
-        GuardarConfigTxt(m);
+        reescribirSiSePuede();
     }
     m.Metcon = m.MetconGuardado;
     m.PasswordConfig = DescifrarAjuste(m.PasswordConfigCifrada, ModuloPrincipal::ClaveAjustes);
+    return aviso;
 }
 
-void LeerUltPedIm(ModuloPrincipal& m) {
+QString LeerUltPedIm(ModuloPrincipal& m) {
     m.RutaUltPedIm = rutaEn(m.CarpetaDatos, QStringLiteral("ultpedim.txt"));
     QByteArray datos;
     {
-        ArchivoBinario archivo(m.RutaUltPedIm, 0666);
+        ArchivoBinario archivo(m.RutaUltPedIm, 0666, true);
         datos = archivo.leerTodo();
         archivo.cerrar();
     }
@@ -211,6 +400,7 @@ void LeerUltPedIm(ModuloPrincipal& m) {
     const qsizetype n = t.size();
     qsizetype p = 0;
     QString lista;
+    bool descartados = false;
     auto esFinDeLinea = [&](qsizetype i) { return t[i] == u'\r' || t[i] == u'\n'; };
     while (p < n) {
         while (p < n && (t[p] == u' ' || t[p] == u'\t')) {
@@ -245,14 +435,30 @@ void LeerUltPedIm(ModuloPrincipal& m) {
         } else if (p < n) {
             ++p;
         }
+        // The list goes raw into a request: a field that is no order number is dropped.
+        if (!esNumeroPedido(campo)) {
+            descartados = true;
+            continue;
+        }
         lista = lista.isEmpty() ? campo : lista + u',' + campo;
     }
     m.UltPedIm = lista;
+    if (!descartados) {
+        return QString();
+    }
+    // The damaged file is kept aside and replaced by the numbers that could be read, whole:
+    // its tail would bring the same garbage back at every reading.
+    try {
+        escribirEntero(rutaEn(m.CarpetaDatos, NombreCopiaUltPedImDanado), datos, 0600);
+        escribirEntero(m.RutaUltPedIm, cp1252::aBytes(lista), 0666, false);
+    } catch (const ErrorEjecucion& e) {
+        return AvisoUltPedImDanado + QLatin1Char(' ') +
+               TextoFalloGuardar(QStringLiteral("ultpedim.txt"), e);
+    }
+    return AvisoUltPedImDanado;
 }
 
 void GuardarUltPedIm(ModuloPrincipal& m) {
     m.RutaUltPedIm = rutaEn(m.CarpetaDatos, QStringLiteral("ultpedim.txt"));
-    ArchivoBinario archivo(m.RutaUltPedIm, 0666);
-    archivo.escribirDesdeElPrincipio(cp1252::aBytes(m.UltPedIm));
-    archivo.cerrar();
+    escribirEntero(m.RutaUltPedIm, cp1252::aBytes(m.UltPedIm), 0666);
 }

@@ -172,6 +172,9 @@ Q_SIGNALS:
     void conexionPerdida();
     // A one-line problem text for the main window's LabelInfo.
     void textoInfo(const QString& texto);
+    // A lasting problem with the local files (a write that failed), shown in LabelInfo
+    // beside whatever else it says; an empty text once the files are written again.
+    void avisoArchivos(const QString& texto);
     // A configuration reading brought the operating mode (0 normal, 1 print only, 2 print
     // and messages; anything else behaves as 0): the main window switches its display.
     void modoCambiado(qint16 modo);

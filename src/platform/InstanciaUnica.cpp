@@ -35,5 +35,7 @@ InstanciaUnica::InstanciaUnica(const QString& carpeta) {
     // Never stale by age: only a dead owner frees the lock (tryLock checks the owner's
     // process and takes over a lock whose desk is gone).
     cerrojo_->setStaleLockTime(0);
-    propia_ = cerrojo_->tryLock(0);
+    // Only a lock held by another desk keeps this one from starting: a lock that cannot be
+    // written (a full disk) must not leave the counter without a desk.
+    propia_ = cerrojo_->tryLock(0) || cerrojo_->error() != QLockFile::LockFailedError;
 }

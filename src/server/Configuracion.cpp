@@ -84,7 +84,8 @@ int LeerDocumento(ModuloPrincipal& m, const QString& texto) {
     m.Metcon = l.entero("metcon", 0);
     if (m.Metcon != m.MetconGuardado) {
         m.MetconGuardado = m.Metcon;
-        GuardarConfigTxt(m);
+        // A file that cannot be written must not fail the reading (nor move it to http).
+        GuardarAvisando(m, QStringLiteral("config.txt"), GuardarConfigTxt);
     }
     m.TamannoFuentePrincipales = l.entero("tamannofuenteprincipales", 8);
     m.TamannoFuenteListasCheck = l.entero("tamannofuentelistascheck", 10);
@@ -113,7 +114,17 @@ int LeerDocumento(ModuloPrincipal& m, const QString& texto) {
     const bool modoImpresion = m.Modo == 1 || m.Modo == 2;
     Q_EMIT m.modoCambiado(m.Modo);
     if (modoImpresion) {
-        LeerUltPedIm(m);
+        // An unreadable list keeps the one in memory: printing an order twice is better than
+        // a desk that no longer reads its configuration.
+        try {
+            const QString aviso = LeerUltPedIm(m);
+            if (!aviso.isEmpty()) {
+                Q_EMIT m.avisoArchivos(aviso);
+            }
+        } catch (const ErrorEjecucion& e) {
+            Q_EMIT m.avisoArchivos(
+                QStringLiteral("No se ha podido leer ultpedim.txt (%1).").arg(e.descripcion()));
+        }
     }
 
     // An empty list is an error here: the service must send at least one reason.

@@ -127,7 +127,9 @@ void FormAdmin::butAceptarClick() {
             m_.AccesosCreados = 1;
             QuitarInicioWindows(m_);
         }
-        GuardarConfigTxt(m_);
+        if (!GuardarAvisando(m_, QStringLiteral("config.txt"), GuardarConfigTxt)) {
+            m_.cajas().exclamacion(AvisoConfigNoGuardado);
+        }
         txtIdEstablecimiento_->clear();
         txtPassword_->clear();
         hide();

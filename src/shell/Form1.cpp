@@ -3,6 +3,7 @@
 #include "base/ArchivosLocales.h"
 #include "base/CaminoPedido.h"
 #include "base/Diario.h"
+#include "base/ErrorEjecucion.h"
 #include "base/ModuloPrincipal.h"
 #include "history/FormInformes.h"
 #include "history/FormPedidoAnterior.h"
@@ -20,6 +21,7 @@
 #include "platform/Controles_ui.h"
 #include "platform/EjecucionProtegida.h"
 #include "platform/Reloj.h"
+#include "platform/SalidaAudio.h"
 #include "platform/Temporizador.h"
 #include "platform/Volcado_ui.h"
 #include "printing/ColasImpresion.h"
@@ -29,9 +31,11 @@
 #include "settings/FormConfig.h"
 #include "settings/FormImpresoras.h"
 #include "shell/CierreEstablecimiento.h"
+#include "shell/LineaInfo_ui.h"
 #include "shell/Logotipo_ui.h"
 #include "sound/AlertaSonora.h"
 #include "sound/ReproductoresQt_ui.h"
+#include "sound/VigilanciaSonido.h"
 #include "update/Actualizador.h"
 #include "update/ComprobarActualizacion.h"
 #include "update/FormActualizaTV.h"
@@ -123,7 +127,10 @@ Form1::Form1(ModuloPrincipal& m, QStringList palabras, QWidget* padre)
 
     connect(&m_, &ModuloPrincipal::conexionEnLinea, this, &Form1::conexionEnLinea);
     connect(&m_, &ModuloPrincipal::conexionPerdida, this, &Form1::conexionPerdida);
-    connect(&m_, &ModuloPrincipal::textoInfo, labelInfo_, &QLabel::setText);
+    lineaInfo_ = new LineaInfo(labelInfo_);
+    connect(&m_, &ModuloPrincipal::textoInfo, lineaInfo_, &LineaInfo::setTexto);
+    connect(&m_, &ModuloPrincipal::avisoArchivos, lineaInfo_,
+            [this](const QString& t) { lineaInfo_->setAviso(QStringLiteral("archivos"), t); });
     connect(&m_, &ModuloPrincipal::modoCambiado, this, &Form1::mostrarModo);
     conectarProductos();
 
@@ -365,6 +372,15 @@ void Form1::protegido(const std::function<void()>& manejador) {
     volcar();
 }
 
+void Form1::vigilarSonido(std::unique_ptr<SalidaAudio> salida) {
+    auto* vigilancia = new VigilanciaSonido(m_, std::move(salida), this);
+    connect(vigilancia, &VigilanciaSonido::avisoCambiado, this, [this](const QString& t) {
+        lineaInfo_->setAviso(QStringLiteral("sonido"), t);
+        volcar();
+    });
+    vigilancia->iniciar();
+}
+
 void Form1::volcar() {
     if (!volcado_.isEmpty()) {
         VolcarVentana(this, volcado_);
@@ -375,7 +391,16 @@ bool Form1::Initialize() {
     m_.UrlBase = m_.UrlBaseHttps;
     // A folder where config.txt cannot be read or made is reported, and the desk goes on
     // as a desk without an establishment.
-    protegido([this] { LeerConfigTxt(m_); });
+    protegido([this] {
+        try {
+            const QString aviso = LeerConfigTxt(m_);
+            if (!aviso.isEmpty()) {
+                m_.cajas().exclamacion(aviso);
+            }
+        } catch (const ErrorEjecucion& e) {
+            m_.cajas().exclamacion(TextoFalloLeerConfig(e));
+        }
+    });
     m_.ModoActualizador = false;
     if (m_.NombreEjecutable == actualizacion::NombreActualizador) {
         m_.ModoActualizador = true;

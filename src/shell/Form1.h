@@ -4,6 +4,7 @@
 #include <QMainWindow>
 #include <QStringList>
 #include <functional>
+#include <memory>
 
 class ModuloPrincipal;
 class Temporizador;
@@ -25,6 +26,8 @@ class FormInformes;
 class RespuestasPedido;
 class Mensajes;
 class Actualizador;
+class LineaInfo;
+class SalidaAudio;
 
 // The main window: the anchor of the whole desk from start to end. It owns the five
 // timers that drive every repeating activity and shows who the desk is, whether the
@@ -86,6 +89,9 @@ public:
     // Keeps a file with what the window shows, rewritten after every event handled.
     void setVolcado(const QString& fichero) { volcado_ = fichero; }
     void volcar();
+    // From now on, and every few minutes, LabelInfo says so while `salida` tells that the
+    // alert melody could not be heard.
+    void vigilarSonido(std::unique_ptr<SalidaAudio> salida);
     Temporizador& TimerPedidos() { return *timerPedidos_; }
     Temporizador& TimerConfig() { return *timerConfig_; }
     Temporizador& TimerPrimeraConfig() { return *timerPrimeraConfig_; }
@@ -139,6 +145,7 @@ private:
     QLineEdit* textEstadoApertura_ = nullptr;
     QLineEdit* textModo_ = nullptr;
     QLabel* labelInfo_ = nullptr;
+    LineaInfo* lineaInfo_ = nullptr;
     QPushButton* butCerrar_ = nullptr;
     QPushButton* butCancelarCerrar_ = nullptr;
     ListaProductos* listaAgotados_ = nullptr;

@@ -8,9 +8,13 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRandomGenerator>
+#include <QSignalSpy>
 #include <QTemporaryDir>
+#include <csignal>
 #include <functional>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -221,4 +225,137 @@ TEST(CifradoAjustes, ParesQueNoSonNumeros) {
     EXPECT_EQ(error(QStringLiteral("G1")), 13);
     EXPECT_EQ(error(QStringLiteral("5C 4")), 13);
     EXPECT_EQ(error(QStringLiteral("5C4BDE")), 0);
+}
+
+namespace {
+
+// Writes past `bytes` fail as on a full disk (EFBIG) for as long as it lives.
+class DiscoLleno {
+public:
+    explicit DiscoLleno(rlim_t bytes) {
+        ::getrlimit(RLIMIT_FSIZE, &antes_);
+        anterior_ = ::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limite{bytes, antes_.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &limite);
+    }
+    ~DiscoLleno() {
+        ::setrlimit(RLIMIT_FSIZE, &antes_);
+        ::signal(SIGXFSZ, anterior_);
+    }
+    DiscoLleno(const DiscoLleno&) = delete;
+    DiscoLleno& operator=(const DiscoLleno&) = delete;
+
+private:
+    rlimit antes_{};
+    sighandler_t anterior_ = SIG_DFL;
+};
+
+QByteArray alAzar(int n) {
+    QRandomGenerator g(21);
+    QByteArray r;
+    for (int i = 0; i < n; ++i) {
+        r.append(static_cast<char>(g.bounded(256)));
+    }
+    return r;
+}
+
+// Id 42, the enciphered "abc", AccesosCreados 0, MetconGuardado 0, NumConfig 3: 24 bytes.
+const QByteArray kRegistroBueno =
+    bytes({42, 0, 0, 0, 0, 0, 0, 0, 0, 0, 6, 0, '5', 'C', '4', 'B', 'D', 'E', 0, 0, 0, 0, 3, 0});
+
+} // namespace
+
+TEST_F(ArchivosLocales, ArchivosDanadosSeLeenEnLoPosibleYSeGuardaCopia) {
+    struct Caso {
+        const char* nombre;
+        const char* archivo;
+        QByteArray contenido;
+        QString aviso;
+        QString leido;    // "id/password" for config.txt, the list for ultpedim.txt
+        QByteArray queda; // the file after the reading
+    };
+    const Caso casos[] = {
+        {"vacío", "config.txt", QByteArray(), AvisoConfigVacio, QStringLiteral("0/"),
+         bytes({0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 0})},
+        // Cut inside the enciphered password: the id survives, the half password does not.
+        {"cortado", "config.txt", kRegistroBueno.left(15), AvisoConfigDanado, QStringLiteral("42/"),
+         bytes({42, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 0})},
+        {"al azar", "config.txt", alAzar(200), AvisoConfigDanado, QString(), QByteArray()},
+        // A record of an older version ends between two fields: nothing to say.
+        {"antiguo", "config.txt", kRegistroBueno.left(18), QString(), QStringLiteral("42/abc"),
+         QByteArray()},
+        {"lista con basura", "ultpedim.txt", QByteArray("12,\x01\xff&x=1#,11, 10\r\n", 18),
+         AvisoUltPedImDanado, QStringLiteral("12,11,10"), QByteArray("12,11,10")},
+    };
+    for (const Caso& c : casos) {
+        SCOPED_TRACE(c.nombre);
+        QDir(carpeta.path()).removeRecursively();
+        QDir().mkpath(carpeta.path());
+        escribir(c.archivo, c.contenido);
+        ModuloPrincipal leido;
+        leido.CarpetaDatos = carpeta.path();
+        const bool config = QLatin1String(c.archivo) == QLatin1String("config.txt");
+        EXPECT_EQ(config ? LeerConfigTxt(leido) : LeerUltPedIm(leido), c.aviso);
+        if (!c.leido.isNull()) {
+            EXPECT_EQ(config
+                          ? QString::number(leido.IdEstablecimiento) + u'/' + leido.PasswordConfig
+                          : leido.UltPedIm,
+                      c.leido);
+        }
+        if (!c.queda.isNull()) {
+            EXPECT_EQ(contenido(c.archivo), c.queda);
+        }
+        // What was damaged is kept as it was, beside the file.
+        const QString copia = (config ? NombreCopiaConfigDanado : NombreCopiaUltPedImDanado);
+        const bool danado = c.aviso != AvisoConfigVacio && !c.aviso.isEmpty();
+        ASSERT_EQ(QFileInfo::exists(ruta(copia.toUtf8().constData())), danado);
+        if (danado) {
+            EXPECT_EQ(contenido(copia.toUtf8().constData()), c.contenido);
+        }
+    }
+}
+
+TEST_F(ArchivosLocales, DiscoLlenoDejaElArchivoAnteriorEntero) {
+    escribir("config.txt", kRegistroBueno);
+    escribir("ultpedim.txt", "12,11");
+    m.IdEstablecimiento = 99;
+    m.UltPedIm = QStringLiteral("13,12,11");
+    // A reading that must rewrite its file (NumConfig 0) goes on with what it read.
+    QTemporaryDir otraCarpeta;
+    ModuloPrincipal otro;
+    otro.CarpetaDatos = otraCarpeta.path();
+    const QString otroConfig = QDir(otraCarpeta.path()).filePath(QStringLiteral("config.txt"));
+    {
+        QFile f(otroConfig);
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(kRegistroBueno.left(22));
+    }
+    QSignalSpy avisos(&m, &ModuloPrincipal::avisoArchivos);
+    QString aviso;
+    {
+        DiscoLleno disco(4);
+        EXPECT_EQ(numeroDeError([&] { GuardarUltPedIm(m); }), 61);
+        EXPECT_FALSE(GuardarAvisando(m, QStringLiteral("config.txt"), GuardarConfigTxt));
+        aviso = LeerConfigTxt(otro);
+    }
+    EXPECT_TRUE(aviso.startsWith(QStringLiteral("No se ha podido guardar config.txt (")))
+        << aviso.toStdString();
+    EXPECT_EQ(otro.IdEstablecimiento, 42);
+    EXPECT_EQ(otro.PasswordConfig, QStringLiteral("abc"));
+    {
+        QFile f(otroConfig);
+        ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+        EXPECT_EQ(f.readAll(), kRegistroBueno.left(22));
+    }
+    EXPECT_EQ(contenido("config.txt"), kRegistroBueno);
+    EXPECT_EQ(contenido("ultpedim.txt"), QByteArray("12,11"));
+    ASSERT_EQ(avisos.size(), 1);
+    EXPECT_TRUE(avisos[0][0].toString().contains(ErrorEjecucion::textoDe(61)));
+    // No temporary file is left behind.
+    EXPECT_EQ(QDir(carpeta.path()).entryList(QDir::Files).size(), 2);
+
+    // With room again the write goes through and the note is taken away.
+    EXPECT_TRUE(GuardarAvisando(m, QStringLiteral("config.txt"), GuardarConfigTxt));
+    EXPECT_EQ(avisos.last()[0].toString(), QString());
+    EXPECT_EQ(contenido("config.txt").left(1), bytes({99}));
 }

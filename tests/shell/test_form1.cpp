@@ -373,14 +373,15 @@ TEST_F(Form1Configuracion_, InitializeLeeConfigTxtYUnFalloEsUnaCajaSinMas) {
     EXPECT_EQ(otro.m.Metcon, 1);
     EXPECT_TRUE(otro.cajas->cajas().isEmpty());
 
-    // config.txt that cannot be opened (a folder of that name): the report box, and on.
+    // config.txt that cannot be opened (a folder of that name): a box that says so, and on.
     Entorno roto;
     ASSERT_TRUE(QDir(roto.carpeta.path()).mkdir(QStringLiteral("config.txt")));
     Form1 h(roto.m, {QStringLiteral("noactualizar")});
     EXPECT_TRUE(h.Initialize());
     ASSERT_EQ(roto.cajas->cajas().size(), 1);
-    EXPECT_TRUE(
-        roto.cajas->cajas()[0].texto.startsWith(QStringLiteral("Error en tiempo de ejecución '")))
+    EXPECT_EQ(roto.cajas->cajas()[0].estilo, estilo::Exclamacion);
+    EXPECT_TRUE(roto.cajas->cajas()[0].texto.startsWith(
+        QStringLiteral("No se ha podido leer el archivo de configuración config.txt (")))
         << roto.cajas->cajas()[0].texto.toStdString();
     EXPECT_TRUE(roto.m.NoActualizar);
     EXPECT_EQ(roto.m.IdEstablecimiento, 0);
