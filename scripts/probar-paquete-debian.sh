@@ -107,8 +107,9 @@ puerto="${linea#PUERTO }"
 rm -rf "$chroot_/tmp/inicio"
 SECONDS=0
 mkdir -p "$chroot_/tmp/inicio"
-dentro env HOME=/tmp/inicio DISPLAY="$pantalla" TARVIMENTA_SERVIDOR="127.0.0.1:$puerto/api/" \
-    sh -c "exec $orden" >"$chroot_/tmp/arranque.txt" 2>&1 &
+# Started without the shell function, so the id kept is the desk's own and the exit stops it.
+chroot "$chroot_" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin LANG=C.UTF-8 HOME=/tmp/inicio \
+    DISPLAY="$pantalla" TARVIMENTA_SERVIDOR="127.0.0.1:$puerto/api/" sh -c "exec $orden" >"$chroot_/tmp/arranque.txt" 2>&1 &
 pids+=("$!")
 id_ventana=""
 # The first start on a fresh machine builds the font cache first: up to two minutes.
