@@ -4,8 +4,8 @@
 # library is still missing, and a picture of the first start against the stand-in service.
 # By hand, as root, with the network reaching deb.debian.org (not part of CI):
 #   scripts/probar-paquete-debian.sh [PAQUETE.deb]
-#     PAQUETE_RAIZ=/tmp/deb12       the chroot; made with debootstrap when it is not there
-#                                   (PAQUETE_RAIZ_NUEVA=1 makes it again)
+#     PAQUETE_RAIZ=/tmp/deb12       the chroot, made again with debootstrap each run
+#                                   (PAQUETE_RAIZ_REUSAR=1 keeps one already there)
 #     PAQUETE_PANTALLA=:95          the host's screen the desk shows on (Xvfb + openbox are
 #                                   started there when none answers)
 # Leaves docs/paquete/instalado.png and docs/paquete/apt-get.txt (the packages apt-get chose).
@@ -28,7 +28,7 @@ mkdir -p "$salida"
 
 # The machine: Debian 12 at its smallest, nothing of the build machine in it.
 command -v debootstrap >/dev/null || apt-get install -y debootstrap
-if [ "${PAQUETE_RAIZ_NUEVA:-}" = 1 ]; then
+if [ "${PAQUETE_RAIZ_REUSAR:-}" != 1 ]; then
     rm -rf --one-file-system "$chroot_"
 fi
 if [ ! -x "$chroot_/usr/bin/apt-get" ]; then
@@ -67,9 +67,9 @@ dentro apt-get update -q
 # Recommends are left out: what the package Depends on alone must start the desk.
 dentro env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "$paquete" |
     tee "$chroot_/tmp/apt-get.txt"
-# What apt-get resolved, kept beside the picture.
-sed -n '/^The following NEW packages/,/additional disk space/p' "$chroot_/tmp/apt-get.txt" \
-    >"$salida/apt-get.txt"
+# What apt-get resolved, kept beside the picture (nothing new on a chroot kept from before).
+plan="$(sed -n '/^The following NEW packages/,/additional disk space/p' "$chroot_/tmp/apt-get.txt")"
+[ -z "$plan" ] || echo "$plan" >"$salida/apt-get.txt"
 
 # Nothing the loader or Qt's plugins ask for may be missing.
 faltan="$(dentro sh -c 'for f in /usr/lib/tarvimentapedidos/TarvimentaPedidos /usr/lib/tarvimentapedidos/visor_tickets \
