@@ -1,0 +1,177 @@
+// The cancellation notice: which kitchens are concerned, its bytes on a raw kitchen, its lines
+// on a driver kitchen, and one notice per kitchen whatever the copies.
+#include "common/DatosEsperados.h"
+#include "common/EscritorioPruebaEP.h"
+#include "common/ImpresoraDWGrabadora.h"
+#include "impresora_dw_prueba.h"
+#include "printing/AvisoCancelacion.h"
+
+#include <functional>
+
+namespace {
+
+class AvisoCancelacion : public EscritorioPrueba {
+protected:
+    AvisoCancelacion() {
+        pedidoDomicilio();
+        m.PedidoActual.Estado = estado::Rechazado;
+        m.PedidoActual.Productos = {
+            {3, "Entrecot - Punto: Poco hecho", "18,00", 5, 9,
+             "Plancha//2//Sin sal&&TEXTOLIBRE//Poco hecho&&Freidora//1//Patatas"},
+            {2, "Pizza Margarita", "9,50", 10, 3, ""},
+            {1, "Coca-Cola", "2,00", 7, 8, ""}};
+    }
+
+    static ClassConfigImpresora cocina(const QString& nombre, const QString& categorias) {
+        ClassConfigImpresora i = impresoraEP(nombre, nombre.toLower());
+        i.Cocina = true;
+        i.CategoriasIds = categorias;
+        return i;
+    }
+};
+
+struct Caso {
+    const char* nombre;
+    std::function<void(ClassConfigImpresora&, Pedido&)> preparar;
+    bool avisa;
+};
+
+// Kitchens "Cocina" (category 3 unless a case says otherwise) against the order above.
+const Caso kCasos[] = {
+    {"SuCategoria", [](ClassConfigImpresora&, Pedido&) {}, true},
+    {"OtraCategoria", [](ClassConfigImpresora& i, Pedido&) { i.CategoriasIds = "5,6"; }, false},
+    {"TodasLasCategorias", [](ClassConfigImpresora& i, Pedido&) { i.CategoriasIds = ""; }, true},
+    {"UnaOpcionLaNombra",
+     [](ClassConfigImpresora& i, Pedido&) {
+         i.NombreImpresora = "Freidora";
+         i.CategoriasIds = "5";
+     },
+     true},
+    {"LasOpcionesSeSaltanLaCategoria",
+     [](ClassConfigImpresora& i, Pedido&) { i.CategoriasIds = "9"; }, false},
+    {"SoloTextoLibreNoBasta",
+     [](ClassConfigImpresora& i, Pedido& p) {
+         i.CategoriasIds = "9";
+         p.Productos = {{1, "Flan", "3,00", 40, 9, "TEXTOLIBRE//Sin nata"}};
+     },
+     false},
+    {"ExceptuadoAunqueSeaDeSuCategoria",
+     [](ClassConfigImpresora& i, Pedido&) { i.ProductosExcepIds = "10"; }, false},
+    {"ProductoExtra",
+     [](ClassConfigImpresora& i, Pedido&) {
+         i.CategoriasIds = "5";
+         i.ProductosIds = "7";
+     },
+     true},
+    {"SoloDomicilioConUnaRecogida",
+     [](ClassConfigImpresora& i, Pedido& p) {
+         i.FormaEnvio = 1;
+         p.FormaEntrega = "Recogen";
+     },
+     false},
+    {"SoloRecogidasConUnDomicilio", [](ClassConfigImpresora& i, Pedido&) { i.FormaEnvio = 2; },
+     false},
+    {"SoloRecogidasConUnaRecogida",
+     [](ClassConfigImpresora& i, Pedido& p) {
+         i.FormaEnvio = 2;
+         p.FormaEntrega = "Recogen";
+     },
+     true},
+    {"NoEsCocinaAunqueImprimaDosCopias",
+     [](ClassConfigImpresora& i, Pedido&) {
+         i.Cocina = false;
+         i.NumeroCopiasAceptado = 2;
+         i.NumeroCopiasRechazado = 2;
+     },
+     false},
+    {"TresCopiasDanUnAviso", [](ClassConfigImpresora& i, Pedido&) { i.NumeroCopiasAceptado = 3; },
+     true},
+};
+
+class QueCocina : public AvisoCancelacion, public ::testing::WithParamInterface<Caso> {};
+
+} // namespace
+
+TEST_P(QueCocina, RecibeElAvisoUnaVezONadaEnAbsoluto) {
+    ClassConfigImpresora i = cocina("Cocina", "3");
+    GetParam().preparar(i, m.PedidoActual);
+    m.Impresora(2) = i;
+    ImprimirCancelacion(m);
+    if (GetParam().avisa) {
+        EXPECT_EQ(captura.aperturas("cocina"), 1);
+        EXPECT_TRUE(captura.bytes("cocina").contains("SE HA CANCELADO EL PEDIDO 1234\n"));
+    } else {
+        EXPECT_EQ(captura.aperturas("cocina"), 0) << "the port is never opened";
+    }
+    EXPECT_TRUE(boxes().isEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Casos, QueCocina, ::testing::ValuesIn(kCasos),
+                         [](const auto& info) { return std::string(info.param.nombre); });
+
+TEST_F(AvisoCancelacion, BytesConLineasEnBlancoYPC858) {
+    ClassConfigImpresora i = cocina("Cocina", "3");
+    i.NumLineasBlancoInicio = 2;
+    i.NumLineasBlancoFinal = 1;
+    i.ReemplazarCaracEscPosPC858 = true;
+    ImprimirCancelacionEP(m, i);
+    EXPECT_EQ(captura.bytes("cocina"), TicketEPDatos("aviso_cancelacion_pc858.txt"));
+    EXPECT_EQ(captura.cierres("cocina"), 1);
+}
+
+TEST_F(AvisoCancelacion, DriverConLineasEnBlancoALaLetraPequenna) {
+    ImpresoraDWGrabadora r;
+    ClassConfigImpresora i = impresoraDW("Horno", true);
+    i.CategoriasIds = "8";
+    i.AnchoPapel = 150; // 41 characters at 14 points: the notice fits on one line
+    i.TamannoFuentePequenna = 8;
+    i.NumLineasBlancoInicio = 1;
+    i.NumLineasBlancoFinal = 2;
+    ImprimirCancelacionDW(m, r, i);
+    // Text, size and height: 20 twips a point per line, 60 twips of gap after the date.
+    const QList<std::tuple<QString, double, double>> esperado = {
+        {"", 8, 0},
+        {"22/11/2026 13:05:09", 8, 160},
+        {u"ATENCIÓN: SE HA CANCELADO EL PEDIDO 1234"_qs, 14, 380},
+        {"", 8, 660},
+        {"", 8, 820},
+        {".", 8, 980}};
+    QList<std::tuple<QString, double, double>> impreso;
+    for (const auto& l : r.lineas) {
+        impreso.append({l.texto, l.tamanno, l.y});
+    }
+    EXPECT_EQ(impreso, esperado);
+    EXPECT_EQ(r.documentos, 1);
+
+    // A driver kitchen looks at categories only: product 7 as an extra doesn't count there.
+    ImpresoraDWGrabadora otra;
+    i.CategoriasIds = "5";
+    i.ProductosIds = "7";
+    ImprimirCancelacionDW(m, otra, i);
+    EXPECT_TRUE(otra.lineas.isEmpty());
+    EXPECT_EQ(otra.documentos, 0);
+}
+
+TEST_F(AvisoCancelacion, CadaCocinaAfectadaDeLasDiezRecibeUnAviso) {
+    auto sistema = std::make_unique<ImpresorasDWGrabadoras>(QStringList{"Horno", "Barra"});
+    ImpresorasDWGrabadoras* dw = sistema.get();
+    m.setImpresorasDW(std::move(sistema));
+    ClassConfigImpresora caja = impresoraEP("Caja", "caja");
+    caja.NumeroCopiasAceptado = 3;
+    caja.NumeroCopiasRechazado = 1;
+    m.Impresora(1) = caja;
+    m.Impresora(2) = cocina("Plancha", "5"); // by its option item
+    m.Impresora(3) = cocina("Postres", "5");
+    m.Impresora(4) = impresoraDW("Horno", true);
+    m.Impresora(4).CategoriasIds = "3";
+    m.Impresora(4).NumeroCopiasAceptado = 2;
+    m.Impresora(5) = impresoraDW("Barra", true);
+    m.Impresora(5).CategoriasIds = "5";
+    ImprimirCancelacion(m);
+    EXPECT_EQ(captura.aperturas("caja"), 0);
+    EXPECT_EQ(captura.aperturas("plancha"), 1);
+    EXPECT_EQ(captura.aperturas("postres"), 0);
+    EXPECT_EQ(dw->de("Horno").documentos, 1);
+    EXPECT_EQ(dw->de("Barra").documentos, 0);
+    EXPECT_TRUE(boxes().isEmpty());
+}
