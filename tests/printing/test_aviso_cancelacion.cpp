@@ -6,8 +6,6 @@
 #include "impresora_dw_prueba.h"
 #include "printing/AvisoCancelacion.h"
 
-#include <functional>
-
 namespace {
 
 class AvisoCancelacion : public EscritorioPrueba {
@@ -32,60 +30,35 @@ protected:
 
 struct Caso {
     const char* nombre;
-    std::function<void(ClassConfigImpresora&, Pedido&)> preparar;
+    const char* impresora;
+    const char* categorias;
+    const char* excepciones;
+    const char* extras;
+    int formaEnvio;
+    bool recogida; // the order is picked up
+    bool cocina;
+    int copias; // accepted and rejected copies
     bool avisa;
 };
 
-// Kitchens "Cocina" (category 3 unless a case says otherwise) against the order above.
+void PrintTo(const Caso& c, std::ostream* os) {
+    *os << c.nombre;
+}
+
+// Which kitchens get a notice of the order above; none of them ever gets two.
 const Caso kCasos[] = {
-    {"SuCategoria", [](ClassConfigImpresora&, Pedido&) {}, true},
-    {"OtraCategoria", [](ClassConfigImpresora& i, Pedido&) { i.CategoriasIds = "5,6"; }, false},
-    {"TodasLasCategorias", [](ClassConfigImpresora& i, Pedido&) { i.CategoriasIds = ""; }, true},
-    {"UnaOpcionLaNombra",
-     [](ClassConfigImpresora& i, Pedido&) {
-         i.NombreImpresora = "Freidora";
-         i.CategoriasIds = "5";
-     },
-     true},
-    {"LasOpcionesSeSaltanLaCategoria",
-     [](ClassConfigImpresora& i, Pedido&) { i.CategoriasIds = "9"; }, false},
-    {"SoloTextoLibreNoBasta",
-     [](ClassConfigImpresora& i, Pedido& p) {
-         i.CategoriasIds = "9";
-         p.Productos = {{1, "Flan", "3,00", 40, 9, "TEXTOLIBRE//Sin nata"}};
-     },
-     false},
-    {"ExceptuadoAunqueSeaDeSuCategoria",
-     [](ClassConfigImpresora& i, Pedido&) { i.ProductosExcepIds = "10"; }, false},
-    {"ProductoExtra",
-     [](ClassConfigImpresora& i, Pedido&) {
-         i.CategoriasIds = "5";
-         i.ProductosIds = "7";
-     },
-     true},
-    {"SoloDomicilioConUnaRecogida",
-     [](ClassConfigImpresora& i, Pedido& p) {
-         i.FormaEnvio = 1;
-         p.FormaEntrega = "Recogen";
-     },
-     false},
-    {"SoloRecogidasConUnDomicilio", [](ClassConfigImpresora& i, Pedido&) { i.FormaEnvio = 2; },
-     false},
-    {"SoloRecogidasConUnaRecogida",
-     [](ClassConfigImpresora& i, Pedido& p) {
-         i.FormaEnvio = 2;
-         p.FormaEntrega = "Recogen";
-     },
-     true},
-    {"NoEsCocinaAunqueImprimaDosCopias",
-     [](ClassConfigImpresora& i, Pedido&) {
-         i.Cocina = false;
-         i.NumeroCopiasAceptado = 2;
-         i.NumeroCopiasRechazado = 2;
-     },
-     false},
-    {"TresCopiasDanUnAviso", [](ClassConfigImpresora& i, Pedido&) { i.NumeroCopiasAceptado = 3; },
-     true},
+    {"SuCategoria", "Cocina", "3", "", "", 0, false, true, 1, true},
+    {"OtraCategoria", "Cocina", "5,6", "", "", 0, false, true, 1, false},
+    {"TodasLasCategorias", "Cocina", "", "", "", 0, false, true, 1, true},
+    {"UnaOpcionLaNombra", "Freidora", "5", "", "", 0, false, true, 1, true},
+    {"LasOpcionesSeSaltanLaCategoria", "Cocina", "9", "", "", 0, false, true, 1, false},
+    {"ExceptuadoAunqueSeaDeSuCategoria", "Cocina", "3", "10", "", 0, false, true, 1, false},
+    {"ProductoExtra", "Cocina", "5", "", "7", 0, false, true, 1, true},
+    {"SoloDomicilioConUnaRecogida", "Cocina", "3", "", "", 1, true, true, 1, false},
+    {"SoloRecogidasConUnDomicilio", "Cocina", "3", "", "", 2, false, true, 1, false},
+    {"SoloRecogidasConUnaRecogida", "Cocina", "3", "", "", 2, true, true, 1, true},
+    {"NoEsCocinaAunqueImprimaDosCopias", "Cocina", "3", "", "", 0, false, false, 2, false},
+    {"TresCopiasDanUnAviso", "Cocina", "3", "", "", 0, false, true, 3, true},
 };
 
 class QueCocina : public AvisoCancelacion, public ::testing::WithParamInterface<Caso> {};
@@ -93,11 +66,20 @@ class QueCocina : public AvisoCancelacion, public ::testing::WithParamInterface<
 } // namespace
 
 TEST_P(QueCocina, RecibeElAvisoUnaVezONadaEnAbsoluto) {
-    ClassConfigImpresora i = cocina("Cocina", "3");
-    GetParam().preparar(i, m.PedidoActual);
+    const Caso& c = GetParam();
+    ClassConfigImpresora i = cocina(c.impresora, c.categorias);
+    i.EPConexion = "cocina";
+    i.ProductosExcepIds = c.excepciones;
+    i.ProductosIds = c.extras;
+    i.FormaEnvio = c.formaEnvio;
+    i.Cocina = c.cocina;
+    i.NumeroCopiasAceptado = i.NumeroCopiasRechazado = static_cast<qint16>(c.copias);
+    if (c.recogida) {
+        m.PedidoActual.FormaEntrega = "Recogen";
+    }
     m.Impresora(2) = i;
     ImprimirCancelacion(m);
-    if (GetParam().avisa) {
+    if (c.avisa) {
         EXPECT_EQ(captura.aperturas("cocina"), 1);
         EXPECT_TRUE(captura.bytes("cocina").contains("SE HA CANCELADO EL PEDIDO 1234\n"));
     } else {
