@@ -5,7 +5,6 @@
 #include "common/EscritorioPruebaEP.h"
 #include "common/ImpresoraDWGrabadora.h"
 #include "impresora_dw_prueba.h"
-#include "printing/PruebaImpresoraDW.h"
 #include "printing/TicketClienteDW.h"
 #include "printing/TicketCocinaDW.h"
 
@@ -231,14 +230,3 @@ TEST_F(TicketsDW, CocinaConUnaCategoriaQueNoEsNumeroFallaAlCompararla) {
 }
 
 } // namespace
-
-TEST_F(TicketsDW, PaginaDePruebaConLaReglaAlAnchoDeCadaTamanno) {
-    prueba_dw::ImprimirPaginaDW(m, r, impresoraDW("Mostrador"));
-    const QStringList t = r.textos();
-    // 31 characters a line at 10 points, 22 at 14; the price ends at the 31st column.
-    EXPECT_TRUE(t.contains(QStringLiteral("1234567890").repeated(3) + u'1'));
-    EXPECT_TRUE(t.contains(QStringLiteral("1234567890").repeated(2) + u"12"_qs));
-    EXPECT_TRUE(t.contains(u"10 X Producto"_qs + QString(10, u' ') + u" 123,45€"_qs));
-    EXPECT_TRUE(t.contains(u"áéíóú ÁÉÍÓÚ ñÑ çÇ üÜ € º ° ¡ ¿"_qs));
-    EXPECT_EQ(r.documentos, 1);
-}
