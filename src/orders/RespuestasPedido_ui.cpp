@@ -12,6 +12,7 @@
 #include "platform/EjecucionProtegida.h"
 #include "platform/Reloj.h"
 #include "platform/Temporizador.h"
+#include "printing/AvisoCancelacion.h"
 #include "products/FormProductosRechazarIngredientes.h"
 #include "sound/AlertaSonora.h"
 
@@ -42,6 +43,7 @@ void Mostrar(QWidget* w) {
 RespuestasPedido::RespuestasPedido(ModuloPrincipal& m, FormPedidoNuevo& nuevo,
                                    Escritorio escritorio, QWidget* padre)
     : QObject(padre), m_(m), nuevo_(nuevo), escritorio_(std::move(escritorio)), padre_(padre) {
+    ImprimirCancelacion = [&m] { ::ImprimirCancelacion(m); };
     connect(&nuevo_, &FormPedidoNuevo::aceptarPulsado, this,
             [this] { protegido([this] { PulsarAceptar(); }); });
     connect(&nuevo_, &FormPedidoNuevo::rechazarPulsado, this,

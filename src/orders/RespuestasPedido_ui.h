@@ -54,9 +54,10 @@ public:
     void PulsarHecho();
     void PulsarCerrarLista();
 
-    // Plug points of later work; while unset they do nothing.
-    // Prints the cancellation notice of an accepted order.
+    // Prints the cancellation notice of an accepted order on the kitchens concerned; tests
+    // may put their own in its place.
     std::function<void()> ImprimirCancelacion;
+    // Plug point of the message flow; while unset it does nothing.
     // Answers a waiting customer message with `texto`.
     std::function<void(const QString& texto)> ResponderMensaje;
 

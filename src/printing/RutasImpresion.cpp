@@ -36,36 +36,42 @@ bool Diferido(const QString& paraDia, bool automatico, bool imprimirEnCocina) {
     return !paraDia.isEmpty() && automatico && !imprimirEnCocina;
 }
 
+void ImprimirEnImpresoraDW(ModuloPrincipal& m, const ClassConfigImpresora& imp, int copias,
+                           const std::function<void(ImpresoraDW&)>& copia) {
+    ImpresorasDW& impresoras = m.impresorasDW();
+    HacerActualPorNombre(impresoras, imp.NombreImpresora);
+    ImpresoraDW* impresora = nullptr;
+    try {
+        for (int i = 0; i < copias; ++i) {
+            impresora = &impresoras.Printer();
+            copia(*impresora);
+            qCInfo(diarioImpresion).noquote()
+                << ('"' + imp.NombreImpresora + '"') << "copia" << i + 1 << "impresa";
+        }
+    } catch (const ErrorEjecucion& e) {
+        if (impresora != nullptr) {
+            impresora->KillDoc();
+        }
+        qCWarning(diarioImpresion).noquote()
+            << ('"' + imp.NombreImpresora + '"') << "copia NO impresa del pedido"
+            << m.PedidoActual.NumPedido << ":" << e.descripcion();
+        m.cajas().critico(TextoFalloImpresoraDW(e, imp.NombreImpresora, m.PedidoActual.NumPedido));
+    }
+}
+
 void ImprimirPedido(ModuloPrincipal& m, const ClassConfigImpresora& imp, int copias) {
     qCInfo(diarioImpresion).noquote()
         << "pedido" << m.PedidoActual.NumPedido << (m.PedidoActual.Estado + u':') << copias
         << (copias == 1 ? "copia para" : "copias para") << imp.TipoImpresion
         << ('"' + imp.NombreImpresora + '"') << (imp.Cocina ? "(cocina)" : "(cliente)");
     if (imp.TipoImpresion == u"DW") {
-        ImpresorasDW& impresoras = m.impresorasDW();
-        HacerActualPorNombre(impresoras, imp.NombreImpresora);
-        ImpresoraDW* impresora = nullptr;
-        try {
-            for (int i = 0; i < copias; ++i) {
-                impresora = &impresoras.Printer();
-                if (imp.Cocina) {
-                    ImprimirTicketCocinaDW(m, *impresora, imp);
-                } else {
-                    ImprimirTicketDW(m, *impresora, imp);
-                }
-                qCInfo(diarioImpresion).noquote()
-                    << ('"' + imp.NombreImpresora + '"') << "copia" << i + 1 << "impresa";
+        ImprimirEnImpresoraDW(m, imp, copias, [&](ImpresoraDW& impresora) {
+            if (imp.Cocina) {
+                ImprimirTicketCocinaDW(m, impresora, imp);
+            } else {
+                ImprimirTicketDW(m, impresora, imp);
             }
-        } catch (const ErrorEjecucion& e) {
-            if (impresora != nullptr) {
-                impresora->KillDoc();
-            }
-            qCWarning(diarioImpresion).noquote()
-                << ('"' + imp.NombreImpresora + '"') << "copia NO impresa del pedido"
-                << m.PedidoActual.NumPedido << ":" << e.descripcion();
-            m.cajas().critico(
-                TextoFalloImpresoraDW(e, imp.NombreImpresora, m.PedidoActual.NumPedido));
-        }
+        });
     } else if (imp.TipoImpresion == u"EP") {
         for (int i = 0; i < copias; ++i) {
             if (imp.Cocina) {

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 
 class ModuloPrincipal;
 struct ClassConfigImpresora;
 class ErrorEjecucion;
+class ImpresoraDW;
 
 // Copies of an order in state `estado` on one printer: accepted orders take the pick-up copies
 // when the order is collected and they are 0 or more, else the accepted copies; rejected
@@ -14,6 +16,12 @@ int CopiasSegunEstado(const ClassConfigImpresora& impresora, const QString& esta
 
 // A scheduled order that the service holds back from the kitchens while it is being answered.
 bool Diferido(const QString& paraDia, bool automatico, bool imprimirEnCocina);
+
+// `copias` documents on a driver printer, made current by its name first (the current one
+// stays when the name isn't there). A failure drops the document begun, ends in the box of a
+// failed driver printer and stops this printer's copies only.
+void ImprimirEnImpresoraDW(ModuloPrincipal& m, const ClassConfigImpresora& impresora, int copias,
+                           const std::function<void(ImpresoraDW&)>& copia);
 
 // PedidoActual on this one printer, `copias` times, by its mode and kind. A driver printer is
 // made current by its name first (the current one stays when the name isn't there). A failed

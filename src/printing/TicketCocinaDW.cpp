@@ -1,9 +1,9 @@
 #include "printing/TicketCocinaDW.h"
 
 #include "base/Conversiones.h"
-#include "base/ErrorEjecucion.h"
 #include "base/ModuloPrincipal.h"
 #include "base/Pedido.h"
+#include "printing/DestinoCocina.h"
 #include "printing/EscritorTicketDW.h"
 #include "printing/EscritorTicketEP.h"
 #include "printing/ImpresoraDW.h"
@@ -12,24 +12,6 @@
 namespace {
 
 const QString Recogen = QStringLiteral("Recogen");
-
-// Whether a product of category `id` goes to a printer with these categories. An empty list
-// takes everything; a piece that isn't a number is a type mismatch once it is compared.
-bool esDeEstaImpresora(qint32 id, const QStringList& categorias) {
-    if (categorias.isEmpty()) {
-        return true;
-    }
-    for (const QString& c : categorias) {
-        const auto v = clasico::Valor(c);
-        if (!v) {
-            throw ErrorEjecucion(ErrorEjecucion::NoCoincidenLosTipos);
-        }
-        if (*v == static_cast<double>(id)) {
-            return true;
-        }
-    }
-    return false;
-}
 
 void cabecera(ModuloPrincipal& m, EscritorTicketDW& t, const ClassConfigImpresora& imp) {
     const Pedido& p = m.PedidoActual;
@@ -97,17 +79,14 @@ void pie(ModuloPrincipal& m, EscritorTicketDW& t, const ClassConfigImpresora& im
 void ImprimirTicketCocinaDW(ModuloPrincipal& m, ImpresoraDW& impresora,
                             const ClassConfigImpresora& imp) {
     const Pedido& p = m.PedidoActual;
-    if (imp.FormaEnvio == 1 && p.FormaEntrega == Recogen) {
+    if (!destino_cocina::AdmiteFormaEntrega(imp.FormaEnvio, p.FormaEntrega)) {
         return;
     }
-    if (imp.FormaEnvio == 2 && p.FormaEntrega != Recogen) {
-        return;
-    }
-    const QStringList categorias = clasico::Split(imp.CategoriasIds, QStringLiteral(","));
+    const auto categorias = destino_cocina::LeerLista(imp.CategoriasIds);
     EscritorTicketDW t(m, impresora, imp);
     bool cabeceraHecha = false;
     for (const ProductoPedido& prod : p.Productos) {
-        if (!esDeEstaImpresora(prod.IdCategoria, categorias)) {
+        if (!destino_cocina::PerteneceCategoria(prod.IdCategoria, categorias)) {
             continue;
         }
         if (!cabeceraHecha) {

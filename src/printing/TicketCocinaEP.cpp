@@ -1,48 +1,17 @@
 #include "printing/TicketCocinaEP.h"
 
 #include "base/Conversiones.h"
-#include "base/ErrorEjecucion.h"
 #include "base/ModuloPrincipal.h"
 #include "printing/CanalEP.h"
+#include "printing/DestinoCocina.h"
 #include "printing/EscritorTicketEP.h"
 #include "printing/MarcoTicketEP.h"
 #include "printing/PrimitivasTicket.h"
 #include "printing/TablasCaracteresEP.h"
 
-#include <limits>
-
 namespace {
 
-const QString& pieza(const QStringList& piezas, qsizetype i) {
-    if (i < 0 || i >= piezas.size()) {
-        throw ErrorEjecucion(ErrorEjecucion::SubindiceFueraDeIntervalo);
-    }
-    return piezas[i];
-}
-
-// A list of ids as the platform reads them: a piece that isn't a number is kept as such and
-// is a type mismatch when a comparison reaches it.
-using ListaIds = QList<std::optional<double>>;
-
-ListaIds leerLista(const QString& texto) {
-    ListaIds lista;
-    for (const QString& n : clasico::Split(texto, QStringLiteral(","))) {
-        lista.append(clasico::Valor(n));
-    }
-    return lista;
-}
-
-bool estaEnLista(qint32 id, const ListaIds& lista) {
-    for (const auto& v : lista) {
-        if (!v) {
-            throw ErrorEjecucion(ErrorEjecucion::NoCoincidenLosTipos);
-        }
-        if (*v == static_cast<double>(id)) {
-            return true;
-        }
-    }
-    return false;
-}
+using namespace destino_cocina;
 
 class TicketCocina {
 public:
@@ -50,16 +19,10 @@ public:
         : p_(m.PedidoActual), imp_(imp), t_(m, canal, imp) {}
 
     void escribir() {
-        const QString recogen = QStringLiteral("Recogen");
-        if (imp_.FormaEnvio == 1 && p_.FormaEntrega == recogen) {
+        if (!AdmiteFormaEntrega(imp_.FormaEnvio, p_.FormaEntrega)) {
             return;
         }
-        if (imp_.FormaEnvio == 2 && p_.FormaEntrega != recogen) {
-            return;
-        }
-        categorias_ = leerLista(imp_.CategoriasIds);
-        excepciones_ = leerLista(imp_.ProductosExcepIds);
-        extras_ = leerLista(imp_.ProductosIds);
+        listas_ = ListasCocina::De(imp_);
         w_ = ColumnasEP(imp_.EPNumColumnas, imp_.EPComDobleAltoActivar,
                         imp_.ProductosYComentariosGrande);
 
@@ -78,16 +41,13 @@ private:
             tratado = true;
             opciones(prod);
         }
-        if (estaEnLista(prod.IdProducto, excepciones_)) {
+        if (EstaEnLista(prod.IdProducto, listas_.excepciones)) {
             tratado = true;
         }
         if (tratado) {
             return;
         }
-        const bool pertenece = categorias_.isEmpty() ||
-                               estaEnLista(prod.IdCategoria, categorias_) ||
-                               estaEnLista(prod.IdProducto, extras_);
-        if (!pertenece) {
+        if (!PerteneceProducto(prod, listas_)) {
             return;
         }
         QString precio;
@@ -123,40 +83,30 @@ private:
 
     void opciones(const ProductoPedido& prod) {
         // Every item cut into its fields once; a missing field fails where it is read.
-        QList<QStringList> items;
-        for (const QString& item : clasico::Split(prod.Opciones, QStringLiteral("&&"))) {
-            items.append(clasico::Split(item, QStringLiteral("//")));
-        }
+        const QList<QStringList> items = ItemsOpciones(prod.Opciones);
         for (const QStringList& campos : items) {
-            if (pieza(campos, 0) == u"TEXTOLIBRE") {
-                bool paraEsta = false;
-                for (const QStringList& otro : items) {
-                    if (pieza(otro, 0) == imp_.NombreImpresora) {
-                        paraEsta = true;
-                        break;
-                    }
-                }
-                if (!paraEsta) {
+            if (Campo(campos, 0) == u"TEXTOLIBRE") {
+                if (!AlgunItemDe(items, imp_.NombreImpresora)) {
                     continue;
                 }
                 antesDeLinea();
-                QString texto = pieza(campos, 1);
+                QString texto = Campo(campos, 1);
                 if (imp_.ProductosYComentariosMayus) {
                     texto = clasico::UCase(texto);
                 }
                 t_.escribirLinea(texto);
                 t_.normal();
-            } else if (pieza(campos, 0) == imp_.NombreImpresora) {
-                const qint64 unidades = clasico::EnteroEnIntervalo(pieza(campos, 1), -32768, 32767);
+            } else if (Campo(campos, 0) == imp_.NombreImpresora) {
+                const qint64 unidades = clasico::EnteroEnIntervalo(Campo(campos, 1), -32768, 32767);
                 const qint64 total = clasico::EnteroEnIntervalo(
                     static_cast<double>(prod.Cantidad * unidades), -32768, 32767);
-                QString linea = QString::number(total) + QStringLiteral(" X ") + pieza(campos, 2);
+                QString linea = QString::number(total) + QStringLiteral(" X ") + Campo(campos, 2);
                 if (imp_.SaltoLineaOpciones) {
                     linea = ReformatearOpciones(linea);
                 }
                 if (imp_.ReemplazarCaracEsp) {
                     // The plain form keeps only the option's text.
-                    linea = QuitarCaracEsp(pieza(campos, 2));
+                    linea = QuitarCaracEsp(Campo(campos, 2));
                 }
                 antesDeLinea();
                 if (imp_.ProductosYComentariosMayus) {
@@ -265,7 +215,7 @@ private:
     Pedido& p_;
     ClassConfigImpresora& imp_;
     EscritorTicketEP t_;
-    ListaIds categorias_, excepciones_, extras_;
+    ListasCocina listas_;
     int w_ = 0;
     bool cabeceraHecha_ = false;
 };

@@ -3,6 +3,7 @@
 #include "base/ModuloPrincipal.h"
 #include "platform/EjecucionProtegida.h"
 #include "printing/ImpresoraDW.h"
+#include "printing/PruebaImpresoraDW.h"
 #include "printing/PruebaImpresoraEP.h"
 #include "settings/ControlesAjustes_ui.h"
 #include "settings/FormCategoriasCocina.h"
@@ -77,6 +78,7 @@ struct FormImpresoras::Controles {
     QCheckBox* checkReempCEsp = nullptr;
     QCheckBox* checkPC858 = nullptr;
     QPushButton* testImprimirESCPOS = nullptr;
+    QPushButton* testImprimirDW = nullptr;
 };
 
 FormImpresoras::FormImpresoras(ModuloPrincipal& m, std::function<bool()> refrescarConfiguracion,
@@ -206,6 +208,12 @@ void FormImpresoras::construirPanel(int slot) {
     filasDW->addRow(QStringLiteral("Margen entre líneas (twips):"), c->txtMargenLineas);
     filasDW->addRow(QStringLiteral("Inicio X (twips):"), c->txtInicioX);
     filasDW->addRow(QStringLiteral("Inicio Y (twips):"), c->txtInicioY);
+    // The driver's counterpart of the raw printer's test page.
+    c->testImprimirDW = control<QPushButton>(dw, "TestImprimirDW", slot, "Test");
+    auto* filaTestDW = new QHBoxLayout;
+    filaTestDW->addStretch(1);
+    filaTestDW->addWidget(c->testImprimirDW);
+    filasDW->addRow(filaTestDW);
 
     c->frmESCPOS = control<QGroupBox>(panel, "frmESCPOS", slot, "ESCPOS");
     QWidget* ep = c->frmESCPOS;
@@ -276,7 +284,7 @@ void FormImpresoras::construirPanel(int slot) {
     }
     orden << c->butExtraConf << c->txtAnchoPapel << c->txtFuente << c->txtFactorFuente
           << c->txtTamannoFuentePeque << c->txtTamannoFuenteGrande << c->txtMargenLineas
-          << c->txtInicioX << c->txtInicioY << c->txtConexion;
+          << c->txtInicioX << c->txtInicioY << c->testImprimirDW << c->txtConexion;
     if (command1 != nullptr) {
         orden << command1;
     }
@@ -304,6 +312,12 @@ void FormImpresoras::construirPanel(int slot) {
     connect(c->testImprimirESCPOS, &QPushButton::clicked, this, [this, slot] {
         protegido([=, this] {
             prueba_ep::ImprimirPruebaEP(m_, paneles_impresora::RegistroDePrueba(Panel(slot)));
+        });
+    });
+    connect(c->testImprimirDW, &QPushButton::clicked, this, [this, slot] {
+        protegido([=, this] {
+            prueba_dw::ImprimirPruebaDW(
+                m_, paneles_impresora::RegistroDePruebaDW(Panel(slot), m_.Impresora(slot)));
         });
     });
     if (command1 != nullptr) {

@@ -161,6 +161,26 @@ ClassConfigImpresora RegistroDePrueba(const PanelImpresora& p) {
     return r;
 }
 
+ClassConfigImpresora RegistroDePruebaDW(const PanelImpresora& p,
+                                        const ClassConfigImpresora& guardado) {
+    ClassConfigImpresora r;
+    r.TipoImpresion = QStringLiteral("DW");
+    r.NombreImpresora = p.Nombre;
+    r.SeparadorLineas =
+        guardado.SeparadorLineas.isEmpty() ? kSeparadorDW : guardado.SeparadorLineas;
+    r.TamannoFuenteSeparador =
+        guardado.TamannoFuenteSeparador == 0 ? qint16(4) : guardado.TamannoFuenteSeparador;
+    r.AnchoPapel = clasico::CInt(p.AnchoPapel);
+    r.Font = p.Fuente;
+    r.FactorFuente = clasico::CDec(p.FactorFuente).aDouble();
+    r.TamannoFuentePequenna = clasico::CInt(p.TamannoFuentePeque);
+    r.TamannoFuenteGrande = clasico::CInt(p.TamannoFuenteGrande);
+    r.MargenEntreLineas = clasico::CInt(p.MargenLineas);
+    r.InicioX = clasico::CInt(p.InicioX);
+    r.InicioY = clasico::CInt(p.InicioY);
+    return r;
+}
+
 QString ComprobarPaneles(const PanelesImpresora& paneles) {
     for (int slot = 1; slot <= 10; ++slot) {
         const PanelImpresora& p = paneles.at(static_cast<size_t>(slot - 1));

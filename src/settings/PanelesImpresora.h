@@ -75,6 +75,12 @@ QString InicioRutaCompartida(const QString& equipo);
 // no number is a run-time error.
 ClassConfigImpresora RegistroDePrueba(const PanelImpresora& panel);
 
+// The driver printer that the panel's driver "Test" button prints on: the name and the eight
+// driver fields as they stand in the panel, and the separator the save would keep from the
+// saved record `guardado`. A field that is no number is a run-time error.
+ClassConfigImpresora RegistroDePruebaDW(const PanelImpresora& panel,
+                                        const ClassConfigImpresora& guardado);
+
 // The text of the box that stops a save before anything is sent, or empty when all ten
 // panels can be saved: a printer without a type, or a type without a printer.
 QString ComprobarPaneles(const PanelesImpresora& paneles);

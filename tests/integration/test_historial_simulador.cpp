@@ -1,6 +1,8 @@
 // The history, the past-order window and the sales summary of a desk in this process against
 // the stand-in service, with raw printers listening on loopback.
 #include "base/ModuloPrincipal.h"
+#include "base/Windows1252.h"
+#include "common/DatosEsperados.h"
 #include "common/ImpresoraEPDeSerie.h"
 #include "common/ImpresoraTcp.h"
 #include "common/MostradorSimulado.h"
@@ -10,6 +12,7 @@
 #include "orders/RespuestasPedido_ui.h"
 #include "platform/CajaMensajes.h"
 #include "platform/Controles_ui.h"
+#include "platform/Reloj.h"
 #include "platform/Temporizador.h"
 #include "shell/Form1.h"
 
@@ -25,7 +28,7 @@
 namespace {
 
 struct HistorialSimulador : MostradorSimulado {
-    ImpresoraTcp caja, cocina;
+    ImpresoraTcp caja, cocina, postres;
 
     void configurar() override {
         m.IdEstablecimiento = 41;
@@ -38,6 +41,12 @@ struct HistorialSimulador : MostradorSimulado {
         m.Impresora(2) = ImpresoraEPDeSerie(QStringLiteral("Cocina"),
                                             QStringLiteral("127.0.0.1:%1").arg(cocina.puerto()));
         m.Impresora(2).Cocina = true;
+        // A kitchen that no generated order has a part in.
+        m.Impresora(3) = ImpresoraEPDeSerie(QStringLiteral("Postres"),
+                                            QStringLiteral("127.0.0.1:%1").arg(postres.puerto()));
+        m.Impresora(3).Cocina = true;
+        m.Impresora(3).CategoriasIds = QStringLiteral("999");
+        m.Impresora(3).NumeroCopiasRechazado = 1;
     }
     void SetUp() override {
         MostradorSimulado::SetUp();
@@ -105,9 +114,11 @@ TEST_F(HistorialSimulador, CadaPeriodoEnviaSuConsultaYListaLoRespondido) {
     EXPECT_TRUE(cajas->cajas().isEmpty());
 }
 
-TEST_F(HistorialSimulador, CancelarUnAceptadoPagadoConLaReglaDosImprimeElRechazo) {
+TEST_F(HistorialSimulador, CancelarUnAceptadoImprimeElRechazoYDespuesElAvisoDeCocina) {
     m.RechazarAceptado = 2;
     m.MensajeNuevoPendiente = true; // a customer waits: cancelling here answers them too
+    m.Impresora(2).NumeroCopiasRechazado = 1;
+    m.setReloj(std::make_unique<RelojFijo>(QDateTime(QDate(2026, 11, 22), QTime(13, 5, 9))));
     FormPedidoAnterior& v = f->AbrirPedidoAnterior(numero(0), false);
     ASSERT_TRUE(v.isVisible());
     EXPECT_EQ(Fondo(v.Rechazar()), QColor(255, 153, 51));
@@ -123,8 +134,18 @@ TEST_F(HistorialSimulador, CancelarUnAceptadoPagadoConLaReglaDosImprimeElRechazo
     ASSERT_EQ(enviadas.size(), 1) << cajas->cajas().value(0).texto.toStdString();
     EXPECT_TRUE(
         enviadas[0].contains(QStringLiteral("&o=") + numero(0) + QStringLiteral("&ak=Rejected")));
+    // The counter's rejected ticket and the kitchen's, then the kitchen's notice: one listener
+    // takes its connections in the order they were made.
     ASSERT_TRUE(caja.esperar(1, 5000));
+    ASSERT_TRUE(cocina.esperar(2, 5000));
+    const auto enCocina = cocina.trabajos();
     EXPECT_TRUE(caja.trabajos()[0].bytes.contains(numero(0).toLatin1()));
+    EXPECT_TRUE(enCocina[0].bytes.contains(cp1252::aBytes(u"Ped. Nº: "_qs + numero(0))));
+    EXPECT_EQ(enCocina[1].bytes, TicketEPDatos(QStringLiteral("aviso_cancelacion_1001.txt")));
+    QTest::qWait(100);
+    EXPECT_TRUE(postres.trabajos().isEmpty()) << "no part in the order, no ticket and no notice";
+    EXPECT_EQ(caja.trabajos().size(), 1);
+    EXPECT_EQ(cocina.trabajos().size(), 2);
     EXPECT_FALSE(v.isVisible());
     EXPECT_FALSE(m.MensajeNuevoPendiente);
     EXPECT_EQ(m.CaminoOcupado, 0);

@@ -62,15 +62,32 @@ TEST(PruebaImpresoraEP, CientoCincuentaFilasDeCodigosConLosValoresDeSerie) {
     EXPECT_FALSE(b.contains("49-PC858"));
 }
 
-TEST(PruebaImpresoraEP, UnPuertoQueNoSeAbreDaSuCajaSinNombre) {
-    Entorno e;
-    e.m.canalEP().setAbridor([](const QString&) -> std::unique_ptr<DestinoEP> {
-        throw ErrorEjecucion(ErrorEjecucion::ArchivoNoEncontrado);
-    });
-    prueba_ep::ImprimirPruebaEP(e.m, impresora(QStringLiteral("27,116,19")));
-    ASSERT_EQ(e.cajas->cajas().size(), 1);
-    EXPECT_EQ(
-        e.cajas->cajas()[0].texto,
-        QStringLiteral("La conexión indicada no se corresponde con ningún puerto de impresora."));
-    EXPECT_FALSE(e.m.canalEP().abierto());
+TEST(PruebaImpresoraEP, CadaFalloDaSuCajaSinNombreYElCanalQuedaCerrado) {
+    // A port that cannot be opened, and a command piece that is no number.
+    const struct {
+        bool abre;
+        const char* inicializar;
+        QString caja;
+    } casos[] = {
+        {false, "27,64",
+         QStringLiteral("La conexión indicada no se corresponde con ningún puerto de impresora.")},
+        {true, "27,x",
+         QStringLiteral("Se ha producido un error. Tipo de error = 13. Descripción: No coinciden "
+                        "los tipos")},
+    };
+    for (const auto& c : casos) {
+        Entorno e;
+        CapturaEP captura(e.m);
+        if (!c.abre) {
+            e.m.canalEP().setAbridor([](const QString&) -> std::unique_ptr<DestinoEP> {
+                throw ErrorEjecucion(ErrorEjecucion::ArchivoNoEncontrado);
+            });
+        }
+        ClassConfigImpresora i = impresora(QStringLiteral("27,116,19"));
+        i.EPComInicializar = c.inicializar;
+        prueba_ep::ImprimirPruebaEP(e.m, i);
+        ASSERT_EQ(e.cajas->cajas().size(), 1);
+        EXPECT_EQ(e.cajas->cajas()[0].texto, c.caja);
+        EXPECT_FALSE(e.m.canalEP().abierto());
+    }
 }

@@ -3,6 +3,7 @@
 // A printer saved against the service is in integration/test_ajustes_simulador.cpp.
 #include "common/CapturaEP.h"
 #include "common/Entorno.h"
+#include "common/ImpresoraDWGrabadora.h"
 #include "common/ImpresoraEPDeSerie.h"
 #include "common/NumeroDeError.h"
 #include "common/ReproductorGrabador.h"
@@ -133,6 +134,18 @@ TEST_F(Ventanas_, PanelesDeImpresora) {
     EXPECT_TRUE(
         captura.bytes(QStringLiteral("127.0.0.1:9100")).startsWith("\x1b@\x1bt\x13\x1b!0Barra\n"));
     EXPECT_TRUE(e.canales.directo->urls.isEmpty());
+
+    // The driver's test page too: 40 mm of paper at this factor hold 15 characters at 10 points.
+    auto sistema = std::make_unique<ImpresorasDWGrabadoras>(QStringList{"PDF"});
+    ImpresoraDWGrabadora& pdf = sistema->de("PDF");
+    e.m.setImpresorasDW(std::move(sistema));
+    de<QLineEdit>(&f, "txtAnchoPapel", 3)->setText(QStringLiteral("40"));
+    factor->setText(QStringLiteral("3,8448"));
+    QTest::mouseClick(de<QPushButton>(&f, "TestImprimirDW", 3), Qt::LeftButton);
+    EXPECT_EQ(pdf.documentos, 1);
+    EXPECT_TRUE(pdf.textos().contains(QStringLiteral("123456789012345")))
+        << pdf.textos().join(u'|').toStdString();
+    EXPECT_TRUE(e.cajas->cajas().isEmpty());
 }
 
 TEST_F(Ventanas_, LasOpcionesExtraRechazan101) {

@@ -1,6 +1,7 @@
 // The ticket preview: a hand-made byte stream read back as text, and real tickets of the
 // desk turned into pictures.
 #include "common/EscritorioPruebaEP.h"
+#include "printing/PruebaImpresoraEP.h"
 #include "printing/TicketClienteEP.h"
 #include "printing/TicketCocinaEP.h"
 
@@ -128,6 +129,40 @@ TEST_F(VisorTicketsDelEscritorio, TicketDeClienteYDeCocinaComoImagen) {
     // 24 large characters fill the 48 columns: "Total:", 12 blanks, the amount.
     EXPECT_TRUE(
         cliente.texto.contains(u"|T o t a l : "_qs + QString(24, u' ') + u"2 5 , 7 5 € |"_qs));
+}
+
+TEST_F(VisorTicketsDelEscritorio, PaginaDePruebaConCadaPaginaDeCodigosComoEnElPapel) {
+    prueba_ep::ImprimirPruebaEP(m, impresoraEP("Barra", "barra"));
+    QTemporaryDir dir;
+    const QString bin = dir.filePath("prueba.bin");
+    ASSERT_TRUE(guardar(bin, captura.bytes("barra")));
+    const Salida s = visor({bin, "--texto"});
+    ASSERT_EQ(s.codigo, 0);
+    QStringList filas;
+    for (const QString& l : s.texto.split(u'\n')) {
+        filas << l.mid(1, l.size() - 2).trimmed();
+    }
+    auto fila = [&filas](const QString& inicio) {
+        for (const QString& f : filas) {
+            if (f.startsWith(inicio)) {
+                return f.mid(inicio.size());
+            }
+        }
+        return QStringLiteral("(falta)");
+    };
+    // The bytes of the PC858 table read in the printer's pages: right in PC858 itself (º and °
+    // share a byte; the acute accent has no pair and goes as its Windows byte), box drawing
+    // for the capitals in PC437, a dotless i for the euro in PC850; the Windows bytes are right
+    // in Windows-1252 alone.
+    const QString act = QStringLiteral("-PC858 Act.: ");
+    const QString des = QStringLiteral("-PC858 Des.: ");
+    EXPECT_EQ(fila("19" + act), u"áéíóú ÁÉÍÓÚ ñÑ çÇ üÜ € ° ° ¡ ¿ ┤"_qs);
+    EXPECT_EQ(fila("0" + act), u"áéíóú ╡É╓αΘ ñÑ çÇ üÜ ╒ ° ° ¡ ¿ ┤"_qs);
+    EXPECT_EQ(fila("2" + act), u"áéíóú ÁÉÍÓÚ ñÑ çÇ üÜ ı ° ° ¡ ¿ ┤"_qs);
+    EXPECT_EQ(fila("16" + des), u"áéíóú ÁÉÍÓÚ ñÑ çÇ üÜ € º ° ¡ ¿ ´"_qs);
+    // A code the printer doesn't know leaves the last page it knew.
+    EXPECT_EQ(fila("1" + act), fila("0" + act));
+    EXPECT_EQ(fila("96" + des), fila("52" + des));
 }
 
 } // namespace

@@ -2,6 +2,8 @@
 
 #include "PaginasCodigos.h"
 
+#include <QSet>
+
 namespace {
 
 class Lector {
@@ -36,14 +38,20 @@ private:
         const int cmd = param();
         switch (cmd) {
         case '@':
-            pagina_ = PaginaCodigos::PC858;
+            // This printer's own page is PC858.
+            pagina_ = kCodigoPC858;
             ancho_ = alto_ = negrita_ = false;
             break;
         case 't': {
             const int n = param();
-            pagina_ = n == 16 ? PaginaCodigos::Windows1252 : PaginaCodigos::PC858;
-            if (n != 16 && n != 19 && n != 0 && n != 2) {
-                t_.avisos << QStringLiteral("página de códigos %1 leída como PC858").arg(n);
+            if (PaginaConocida(n)) {
+                pagina_ = n;
+            } else if (!desconocidas_.contains(n)) {
+                // Once per code: the code page test tries dozens of them.
+                desconocidas_.insert(n);
+                t_.avisos << QStringLiteral("página de códigos %1 desconocida: sigue la %2")
+                                 .arg(n)
+                                 .arg(NombrePagina(pagina_));
             }
             break;
         }
@@ -125,7 +133,8 @@ private:
     qsizetype i_ = 0;
     TicketLeido t_;
     LineaTicket actual_;
-    PaginaCodigos pagina_ = PaginaCodigos::PC858;
+    int pagina_ = kCodigoPC858;
+    QSet<int> desconocidas_;
     bool ancho_ = false, alto_ = false, negrita_ = false;
 };
 

@@ -24,7 +24,8 @@ struct TicketLeido {
 };
 
 // Reads initialise, code page, emphasis and size (ESC ! and GS !, ESC E), line feeds, ESC d,
-// the cut (GS V) and plain text in PC858 or Windows-1252. A carriage return is dropped.
+// the cut (GS V) and plain text in the code page selected (PaginasCodigos.h; PC858 until
+// one is). A carriage return is dropped.
 TicketLeido InterpretarEscPos(const QByteArray& bytes);
 
 // The physical rows of a line on paper `columnas` wide: a double-width character takes two.

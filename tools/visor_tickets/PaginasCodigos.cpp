@@ -1,40 +1,87 @@
 #include "PaginasCodigos.h"
 
 #include <array>
+#include <cerrno>
+#include <iconv.h>
+#include <map>
 
 namespace {
 
-// Bytes 0x80..0xFF of PC858.
-constexpr std::array<char16_t, 128> kPC858 = {
-    0x00C7, 0x00FC, 0x00E9, 0x00E2, 0x00E4, 0x00E0, 0x00E5, 0x00E7, 0x00EA, 0x00EB, 0x00E8, 0x00EF,
-    0x00EE, 0x00EC, 0x00C4, 0x00C5, 0x00C9, 0x00E6, 0x00C6, 0x00F4, 0x00F6, 0x00F2, 0x00FB, 0x00F9,
-    0x00FF, 0x00D6, 0x00DC, 0x00F8, 0x00A3, 0x00D8, 0x00D7, 0x0192, 0x00E1, 0x00ED, 0x00F3, 0x00FA,
-    0x00F1, 0x00D1, 0x00AA, 0x00BA, 0x00BF, 0x00AE, 0x00AC, 0x00BD, 0x00BC, 0x00A1, 0x00AB, 0x00BB,
-    0x2591, 0x2592, 0x2593, 0x2502, 0x2524, 0x00C1, 0x00C2, 0x00C0, 0x00A9, 0x2563, 0x2551, 0x2557,
-    0x255D, 0x00A2, 0x00A5, 0x2510, 0x2514, 0x2534, 0x252C, 0x251C, 0x2500, 0x253C, 0x00E3, 0x00C3,
-    0x255A, 0x2554, 0x2569, 0x2566, 0x2560, 0x2550, 0x256C, 0x00A4, 0x00F0, 0x00D0, 0x00CA, 0x00CB,
-    0x00C8, 0x20AC, 0x00CD, 0x00CE, 0x00CF, 0x2518, 0x250C, 0x2588, 0x2584, 0x00A6, 0x00CC, 0x2580,
-    0x00D3, 0x00DF, 0x00D4, 0x00D2, 0x00F5, 0x00D5, 0x00B5, 0x00FE, 0x00DE, 0x00DA, 0x00DB, 0x00D9,
-    0x00FD, 0x00DD, 0x00AF, 0x00B4, 0x00AD, 0x00B1, 0x2017, 0x00BE, 0x00B6, 0x00A7, 0x00F7, 0x00B8,
-    0x00B0, 0x00A8, 0x00B7, 0x00B9, 0x00B3, 0x00B2, 0x25A0, 0x00A0};
+using Altos = std::array<char16_t, 128>;
 
-// Bytes 0x80..0x9F of Windows-1252 (the undefined ones shown as themselves).
-constexpr std::array<char16_t, 32> kAltos1252 = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+struct Pagina {
+    const char* nombre; // as the printer's manual calls it
+    const char* iconv;  // as the C library's converter does
+};
+
+const std::map<int, Pagina>& Paginas() {
+    static const std::map<int, Pagina> paginas = {
+        {0, {"PC437", "CP437"}},     {2, {"PC850", "CP850"}},     {3, {"PC860", "CP860"}},
+        {4, {"PC863", "CP863"}},     {5, {"PC865", "CP865"}},     {13, {"PC857", "CP857"}},
+        {14, {"PC737", "CP737"}},    {16, {"WPC1252", "CP1252"}}, {17, {"PC866", "CP866"}},
+        {18, {"PC852", "CP852"}},    {19, {"PC858", "CP858"}},    {50, {"WPC1256", "CP1256"}},
+        {51, {"WPC1257", "CP1257"}}, {52, {"WPC1258", "CP1258"}},
+    };
+    return paginas;
+}
+
+// Bytes 0x80..0xFF of one page through the C library's converter, one byte at a time, so a
+// byte the page leaves undefined costs only itself.
+Altos Tabla(const char* nombre) {
+    Altos altos{};
+    iconv_t cd = iconv_open("UTF-16LE", nombre);
+    for (int b = 0x80; b <= 0xFF; ++b) {
+        altos[static_cast<size_t>(b - 0x80)] = static_cast<char16_t>(b);
+        if (cd == reinterpret_cast<iconv_t>(-1)) {
+            continue;
+        }
+        char entrada = static_cast<char>(b);
+        char salida[8] = {};
+        char* pe = &entrada;
+        char* ps = salida;
+        size_t quedan = 1;
+        size_t libres = sizeof salida;
+        iconv(cd, nullptr, nullptr, nullptr, nullptr);
+        if (iconv(cd, &pe, &quedan, &ps, &libres) != static_cast<size_t>(-1) &&
+            sizeof salida - libres == 2) {
+            altos[static_cast<size_t>(b - 0x80)] =
+                static_cast<char16_t>(static_cast<unsigned char>(salida[0]) |
+                                      (static_cast<unsigned char>(salida[1]) << 8));
+        }
+    }
+    if (cd != reinterpret_cast<iconv_t>(-1)) {
+        iconv_close(cd);
+    }
+    return altos;
+}
+
+const Altos& TablaDe(int codigo) {
+    static const std::map<int, Altos> tablas = [] {
+        std::map<int, Altos> t;
+        for (const auto& [n, pagina] : Paginas()) {
+            t.emplace(n, Tabla(pagina.iconv));
+        }
+        return t;
+    }();
+    const auto it = tablas.find(codigo);
+    return it != tablas.end() ? it->second : tablas.at(kCodigoPC858);
+}
 
 } // namespace
 
-QChar CaracterDe(unsigned char byte, PaginaCodigos pagina) {
+bool PaginaConocida(int codigo) {
+    return Paginas().count(codigo) != 0;
+}
+
+QString NombrePagina(int codigo) {
+    const auto it = Paginas().find(codigo);
+    return it != Paginas().end() ? QString::fromLatin1(it->second.nombre)
+                                 : QStringLiteral("desconocida");
+}
+
+QChar CaracterDe(unsigned char byte, int codigo) {
     if (byte < 0x80) {
         return QChar(static_cast<char16_t>(byte));
     }
-    if (pagina == PaginaCodigos::PC858) {
-        return QChar(kPC858[byte - 0x80]);
-    }
-    if (byte < 0xA0) {
-        return QChar(kAltos1252[byte - 0x80]);
-    }
-    return QChar(static_cast<char16_t>(byte));
+    return QChar(TablaDe(codigo)[byte - 0x80]);
 }
