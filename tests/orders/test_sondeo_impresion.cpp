@@ -1,0 +1,123 @@
+#include "common/Entorno.h"
+#include "orders/SondeoImpresion.h"
+#include "orders/VigilanciaEstado.h"
+#include "server/ValorJson.h"
+
+#include <gtest/gtest.h>
+#include <optional>
+
+namespace si = sondeo_impresion;
+
+namespace {
+
+// "1020,1019,...,desde": `n` numbers counting down.
+QString Lista(int desde, int n) {
+    QStringList l;
+    for (int i = n - 1; i >= 0; --i) {
+        l << QString::number(desde + i);
+    }
+    return l.join(u',');
+}
+
+} // namespace
+
+TEST(SondeoImpresion, LasPeticionesSalenComoSeEscriben) {
+    Entorno e;
+    e.m.RestId = 42;
+    e.m.Pgprs = QStringLiteral("pg7");
+    e.m.NumConfig = 3;
+    e.m.IdEstablecimiento = 42;
+    e.m.PasswordConfig = QStringLiteral("clave");
+    e.m.UltPedIm = QStringLiteral("1002,1001");
+    e.m.PedidoActual.NumPedido = QStringLiteral("1003");
+    EXPECT_EQ(si::RutaPedidosAceptadosImprimir(e.m),
+              QStringLiteral("pedidosgprs/pedidosaceptadosimprimir?restid=42&password=pg7"
+                             "&numconfig=3&modeloImpresora=3&version=1.6.2&pedexec=1002,1001"));
+    EXPECT_EQ(vigilancia::RutaEstadoPedido(e.m),
+              QStringLiteral("pedidosgprs/obtenerEstadoPedido?idEstablecimiento=42"
+                             "&passwordconfig=clave&numconfig=3&idPedidoEst=1003"
+                             "&modeloImpresora=3&version=1.6.2"));
+    e.m.MensajeActual = std::make_shared<DiccionarioJson>();
+    e.m.MensajeActual->Add(QStringLiteral("id"), ValorJson(clasico::Decimal(501)));
+    EXPECT_EQ(vigilancia::RutaEstadoMensaje(e.m),
+              QStringLiteral("pedidosgprs/obtenerEstadoMensaje?idEstablecimiento=42"
+                             "&passwordconfig=clave&numconfig=3&idMensaje=501"
+                             "&modeloImpresora=3&version=1.6.2"));
+}
+
+TEST(SondeoImpresion, SoloElPedidoYEnModo2ElMensajeCuentan) {
+    const struct {
+        const char* respuesta;
+        si::Respuesta modo1, modo2;
+    } casos[] = {
+        {"#PED*7*1001*x#", si::Respuesta::Pedido, si::Respuesta::Pedido},
+        {R"({"mensajeestablec":1,"id":5})", si::Respuesta::Nada, si::Respuesta::Mensaje},
+        {"estadoapertura:Abierto", si::Respuesta::Nada, si::Respuesta::Nada},
+        {"IMPDIA", si::Respuesta::Nada, si::Respuesta::Nada},
+        {"forzaractualizarahora:si", si::Respuesta::Nada, si::Respuesta::Nada},
+        {"##", si::Respuesta::Nada, si::Respuesta::Nada},
+        {"error", si::Respuesta::Nada, si::Respuesta::Nada},
+    };
+    for (const auto& c : casos) {
+        const QString r = QString::fromUtf8(c.respuesta);
+        EXPECT_EQ(si::Clasificar(r, 1), c.modo1) << c.respuesta;
+        EXPECT_EQ(si::Clasificar(r, 2), c.modo2) << c.respuesta;
+    }
+}
+
+TEST(SondeoImpresion, LaListaVaDelMasNuevoAlMasAntiguoYGuardaVeinte) {
+    const struct {
+        QString antes, numero, despues;
+    } casos[] = {
+        {QString(), QStringLiteral("1001"), QStringLiteral("1001")},
+        {QStringLiteral("1002,1001"), QStringLiteral("1003"), QStringLiteral("1003,1002,1001")},
+        {Lista(1001, 19), QStringLiteral("1020"), Lista(1001, 20)},
+        {Lista(1001, 20), QStringLiteral("1021"), Lista(1002, 20)},
+        // A list that came longer from the file loses one number per order, no more.
+        {Lista(1001, 25), QStringLiteral("1026"), Lista(1002, 25)},
+    };
+    for (const auto& c : casos) {
+        EXPECT_EQ(si::AnadirImpreso(c.antes, c.numero), c.despues) << c.antes.toStdString();
+    }
+}
+
+TEST(VigilanciaEstado, DosOMasEsRespondidoYLoDemasSigueEsperando) {
+    const struct {
+        const char* respuesta;
+        bool resuelto;
+    } pedidos[] = {
+        {"#2#", true},
+        {"#7#", true},
+        {"# 2 #", true},
+        {"#1,5#", true}, // rounds to 2
+        {"#1#", false},
+        {"#0#", false},
+        {"#-3#", false},
+        {"#x#", false},
+        {"##", false},
+        {"2", false},
+        {"", false},
+        {"error", false},
+        {"#99999999999999999999999999999999#", false}, // no status: no failure either
+    };
+    for (const auto& c : pedidos) {
+        EXPECT_EQ(vigilancia::PedidoResuelto(QString::fromUtf8(c.respuesta)), c.resuelto)
+            << c.respuesta;
+    }
+    const struct {
+        const char* respuesta;
+        std::optional<QString> contestado;
+    } mensajes[] = {
+        {"#2;Ya va en camino#", QStringLiteral("Ya va en camino")},
+        {"#3;#", QString()},
+        {"#2#", QString()},                  // no answer piece: settled all the same
+        {"#2;Ã±am#", QStringLiteral("ñam")}, // repaired as any reply
+        {"#1;#", std::nullopt},
+        {"#x;hola#", std::nullopt},
+        {"2;hola", std::nullopt},
+    };
+    for (const auto& c : mensajes) {
+        EXPECT_EQ(vigilancia::MensajeResuelto(QString::fromUtf8(c.respuesta)), c.contestado)
+            << c.respuesta;
+    }
+}
