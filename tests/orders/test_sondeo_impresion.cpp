@@ -1,8 +1,7 @@
-#include "common/Entorno.h"
 #include "orders/SondeoImpresion.h"
 #include "orders/VigilanciaEstado.h"
-#include "server/ValorJson.h"
 
+#include <QStringList>
 #include <gtest/gtest.h>
 #include <optional>
 
@@ -20,50 +19,6 @@ QString Lista(int desde, int n) {
 }
 
 } // namespace
-
-TEST(SondeoImpresion, LasPeticionesSalenComoSeEscriben) {
-    Entorno e;
-    e.m.RestId = 42;
-    e.m.Pgprs = QStringLiteral("pg7");
-    e.m.NumConfig = 3;
-    e.m.IdEstablecimiento = 42;
-    e.m.PasswordConfig = QStringLiteral("clave");
-    e.m.UltPedIm = QStringLiteral("1002,1001");
-    e.m.PedidoActual.NumPedido = QStringLiteral("1003");
-    EXPECT_EQ(si::RutaPedidosAceptadosImprimir(e.m),
-              QStringLiteral("pedidosgprs/pedidosaceptadosimprimir?restid=42&password=pg7"
-                             "&numconfig=3&modeloImpresora=3&version=1.6.2&pedexec=1002,1001"));
-    EXPECT_EQ(vigilancia::RutaEstadoPedido(e.m),
-              QStringLiteral("pedidosgprs/obtenerEstadoPedido?idEstablecimiento=42"
-                             "&passwordconfig=clave&numconfig=3&idPedidoEst=1003"
-                             "&modeloImpresora=3&version=1.6.2"));
-    e.m.MensajeActual = std::make_shared<DiccionarioJson>();
-    e.m.MensajeActual->Add(QStringLiteral("id"), ValorJson(clasico::Decimal(501)));
-    EXPECT_EQ(vigilancia::RutaEstadoMensaje(e.m),
-              QStringLiteral("pedidosgprs/obtenerEstadoMensaje?idEstablecimiento=42"
-                             "&passwordconfig=clave&numconfig=3&idMensaje=501"
-                             "&modeloImpresora=3&version=1.6.2"));
-}
-
-TEST(SondeoImpresion, SoloElPedidoYEnModo2ElMensajeCuentan) {
-    const struct {
-        const char* respuesta;
-        si::Respuesta modo1, modo2;
-    } casos[] = {
-        {"#PED*7*1001*x#", si::Respuesta::Pedido, si::Respuesta::Pedido},
-        {R"({"mensajeestablec":1,"id":5})", si::Respuesta::Nada, si::Respuesta::Mensaje},
-        {"estadoapertura:Abierto", si::Respuesta::Nada, si::Respuesta::Nada},
-        {"IMPDIA", si::Respuesta::Nada, si::Respuesta::Nada},
-        {"forzaractualizarahora:si", si::Respuesta::Nada, si::Respuesta::Nada},
-        {"##", si::Respuesta::Nada, si::Respuesta::Nada},
-        {"error", si::Respuesta::Nada, si::Respuesta::Nada},
-    };
-    for (const auto& c : casos) {
-        const QString r = QString::fromUtf8(c.respuesta);
-        EXPECT_EQ(si::Clasificar(r, 1), c.modo1) << c.respuesta;
-        EXPECT_EQ(si::Clasificar(r, 2), c.modo2) << c.respuesta;
-    }
-}
 
 TEST(SondeoImpresion, LaListaVaDelMasNuevoAlMasAntiguoYGuardaVeinte) {
     const struct {
