@@ -9,6 +9,22 @@ cd "$raiz"
 bash scripts/instalar-dependencias.sh
 bash scripts/compilar.sh normal
 
+# --modo=1 (print only) or --modo=2 (print and messages), or TARVIMENTA_DEMO_MODO: the demo
+# establishment's orders then arrive already accepted and print with no window. Every other
+# argument goes to the desk.
+modo="${TARVIMENTA_DEMO_MODO:-0}"
+argumentos=()
+for a in "$@"; do
+    case "$a" in
+    --modo=*) modo="${a#--modo=}" ;;
+    *) argumentos+=("$a") ;;
+    esac
+done
+case "$modo" in
+0 | 1 | 2) ;;
+*) echo "demo: modo desconocido: $modo (0, 1 o 2)" >&2; exit 2 ;;
+esac
+
 bin="$raiz/build/normal/bin"
 trabajo="${TARVIMENTA_DEMO_DIR:-$raiz/build/demo}"
 mkdir -p "$trabajo/datos" "$trabajo/impresoras"
@@ -24,7 +40,7 @@ parar() {
 trap parar INT TERM EXIT
 
 # The stand-in service, with the demo establishment and its printers writing to files.
-coproc SIM { exec "$bin/simulador" --puerto=0 --impresoras-ep="$trabajo/impresoras" --pedidos-cada=30 --mensajes-cada=75; }
+coproc SIM { exec "$bin/simulador" --puerto=0 --impresoras-ep="$trabajo/impresoras" --pedidos-cada=30 --mensajes-cada=75 --modo="$modo"; }
 pids+=("$SIM_PID")
 puerto=""
 for _ in $(seq 100); do
@@ -51,6 +67,11 @@ fi
 
 # The desk starts bound to the demo establishment (id 7, password "clave", configuration
 # 1), so it reads its configuration and polls by itself. An existing config.txt stays.
+# Each run is a fresh service numbering its orders from 1001 again: a list of printed orders
+# from an earlier run would keep the new ones from printing.
+if [ "$modo" != 0 ]; then
+    : >"$trabajo/datos/ultpedim.txt"
+fi
 if [ ! -s "$trabajo/datos/config.txt" ]; then
     "$bin/preparar_config" --carpeta="$trabajo/datos" --id=7 --password=clave --numconfig=1
 fi
@@ -97,7 +118,7 @@ pids+=("$!")
 # The demo's slot 1 is a driver printer, "Impresora caja", which no fresh machine has: the desk
 # gets one of that name that prints into PDF files beside the raw tickets.
 "$bin/TarvimentaPedidos" --servidor="127.0.0.1:$puerto/api/" --carpeta="$trabajo/datos" \
-    --impresora-pdf="Impresora caja" --carpeta-pdf="$trabajo/impresoras" "$@" &
+    --impresora-pdf="Impresora caja" --carpeta-pdf="$trabajo/impresoras" ${argumentos[@]+"${argumentos[@]}"} &
 pids+=("$!")
 echo "demo: escritorio en marcha (datos en $trabajo/datos, tickets en $trabajo/impresoras); Ctrl-C para parar"
 wait "${pids[-1]}" || true

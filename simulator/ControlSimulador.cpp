@@ -139,6 +139,9 @@ Respuesta AtenderControl(ServicioSimulado& servicio, const Peticion& peticion) {
         }
     }
     try {
+        if (auto r = AtenderControlImpresion(servicio, metodo, recurso, cuerpo)) {
+            return *r;
+        }
         if (recurso == "registro" && metodo == "GET") {
             json lista = json::array();
             for (const auto& e : servicio.Registro()) {
@@ -206,7 +209,9 @@ Respuesta AtenderControl(ServicioSimulado& servicio, const Peticion& peticion) {
             if (!servicio.Mensajes().Crear(cuerpo, creado, error)) {
                 return Fallo(400, error);
             }
-            servicio.Encolar("pedidosgprs/pedidosnuevos", {MensajesSimulados::Cuerpo(creado)});
+            // "ruta": the poll that carries it (a print-and-messages desk asks another one).
+            servicio.Encolar(cuerpo.value("ruta", std::string("pedidosgprs/pedidosnuevos")),
+                             {MensajesSimulados::Cuerpo(creado)});
             return Json(MensajesSimulados::AJson(creado));
         }
         if (recurso == "mensajes" && metodo == "GET") {

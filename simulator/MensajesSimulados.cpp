@@ -102,6 +102,17 @@ nlohmann::json MensajesSimulados::Lista() const {
     return lista;
 }
 
+bool MensajesSimulados::Buscar(long id, Mensaje& copia) const {
+    std::lock_guard bloqueo(mutex_);
+    for (const auto& m : mensajes_) {
+        if (m.Id == id) {
+            copia = m;
+            return true;
+        }
+    }
+    return false;
+}
+
 bool MensajesSimulados::Atender(const std::string& ruta, const std::string& consulta, long long ms,
                                 Respuesta& r) {
     if (ruta != RutaRespuesta) {

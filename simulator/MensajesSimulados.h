@@ -44,6 +44,8 @@ public:
     static std::string Cuerpo(const Mensaje& m);
     static nlohmann::json AJson(const Mensaje& m);
     nlohmann::json Lista() const;
+    // A copy of message `id` with its answers; false when there is none.
+    bool Buscar(long id, Mensaje& copia) const;
 
     // True when `ruta` is the answer's path; then `r` holds the reply ("OK").
     bool Atender(const std::string& ruta, const std::string& consulta, long long ms, Respuesta& r);

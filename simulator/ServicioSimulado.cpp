@@ -211,7 +211,8 @@ Respuesta ServicioSimulado::RespuestaDeFallo(const Fallo& fallo) const {
 Respuesta ServicioSimulado::Normal(const std::string& ruta, const std::string& consulta) {
     Respuesta r;
     if (actualizaciones_.Atender(ruta, r) ||
-        mensajes_.Atender(ruta, consulta, MsDesdeInicio(), r)) {
+        mensajes_.Atender(ruta, consulta, MsDesdeInicio(), r) ||
+        AtenderImpresion(ruta, consulta, r)) {
         return r;
     }
     if (ruta == kRutaPoll) {
@@ -248,10 +249,6 @@ Respuesta ServicioSimulado::Normal(const std::string& ruta, const std::string& c
     } else if (ruta == "pedidosgprs/obtenerPedidos" || ruta == "pedidosgprs/obtenerTotales") {
         r.Tipo = "application/json; charset=utf-8";
         r.Cuerpo = Historial(ruta, consulta);
-    } else if (ruta == "pedidosgprs/obtenerEstadoPedido") {
-        if (const auto* p = Buscar(Parametro(consulta, "idPedidoEst"))) {
-            r.Cuerpo = p->Respuestas.empty() ? "#1#" : "#2#";
-        }
     }
     // Any other path: recorded, empty body.
     return r;

@@ -4,9 +4,10 @@
 #pragma once
 
 #include "Actualizaciones.h"
-#include "CategoriasSimuladas.h"
 #include "CartaSimulada.h"
+#include "CategoriasSimuladas.h"
 #include "GeneradorPedidos.h"
+#include "ImpresionSimulada.h"
 #include "MensajesSimulados.h"
 #include "Peticiones.h"
 
@@ -85,12 +86,20 @@ public:
     // Replaces the menu and its marks; false for a document without categories.
     bool PonerCarta(const nlohmann::ordered_json& documento);
     MensajesSimulados& Mensajes() { return mensajes_; }
+    // The print-only side (ImpresionSimulada.cpp): accepted orders queued for the print poll,
+    // what it has seen, and statuses set by hand.
+    std::vector<PedidoGuardado> GenerarAceptadosParaImprimir(int cantidad, std::uint64_t semilla,
+                                                             ClasePedido clase, int productos);
+    nlohmann::json Impresion() const;
+    void PonerEstadoPedido(const std::string& numero, int estado);
+    void PonerEstadoMensaje(long id, int estado, const std::string& respuesta);
 
 private:
     long long MsDesdeInicio() const;
     bool BuscarFallo(bool https, const std::string& ruta, Fallo& fallo);
     Respuesta RespuestaDeFallo(const Fallo& fallo) const;
     Respuesta Normal(const std::string& ruta, const std::string& consulta);
+    bool AtenderImpresion(const std::string& ruta, const std::string& consulta, Respuesta& r);
     std::string TextoApertura();
     bool CredencialesCorrectas(const std::string& consulta, bool conNumConfig) const;
     std::string ConfiguracionAntigua() const;
@@ -125,6 +134,7 @@ private:
     ActualizacionesSimuladas actualizaciones_;
     CartaSimulada carta_;
     MensajesSimulados mensajes_;
+    ImpresionSimulada impresion_;
 };
 
 } // namespace simulador

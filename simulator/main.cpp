@@ -31,6 +31,7 @@ struct Opciones {
     simulador::DestinosImpresoras Impresoras;
     double PedidosCada = 0;
     double MensajesCada = 0;
+    int Modo = 0; // the served "modo": 1 and 2 make the demo's orders arrive accepted, to print
 };
 
 bool Valor(const std::string& arg, const char* nombre, std::string& valor) {
@@ -71,6 +72,8 @@ bool LeerOpciones(int argc, char** argv, Opciones& o) {
                 }
             } else if (Valor(arg, "--pedidos-cada", v)) {
                 o.PedidosCada = std::stod(v);
+            } else if (Valor(arg, "--modo", v)) {
+                o.Modo = std::stoi(v);
             } else if (Valor(arg, "--mensajes-cada", v)) {
                 o.MensajesCada = std::stod(v);
             } else {
@@ -103,9 +106,11 @@ int main(int argc, char** argv) {
     std::signal(SIGPIPE, SIG_IGN);
     const int fdSenales = signalfd(-1, &senales, SFD_CLOEXEC);
 
+    auto documento = simulador::DocumentoPorDefecto(opciones.Impresoras);
+    documento["modo"] = opciones.Modo;
+    const bool soloImprimir = opciones.Modo == 1 || opciones.Modo == 2;
     simulador::ServicioSimulado servicio(
-        {opciones.Id, opciones.Password, opciones.NumConfig,
-         simulador::DocumentoPorDefecto(opciones.Impresoras).dump()});
+        {opciones.Id, opciones.Password, opciones.NumConfig, documento.dump()});
     simulador::FrenteTcp frente(servicio);
     const int puerto = frente.Escuchar(opciones.Puerto);
     if (puerto < 0) {
@@ -138,7 +143,12 @@ int main(int argc, char** argv) {
             }
         }
         if (opciones.PedidosCada > 0 && Reloj::now() >= siguientePedido) {
-            servicio.GenerarPedidos(1, semilla++, simulador::ClasePedido::Mezcla, 0, true);
+            if (soloImprimir) {
+                servicio.GenerarAceptadosParaImprimir(1, semilla++, simulador::ClasePedido::Mezcla,
+                                                      0);
+            } else {
+                servicio.GenerarPedidos(1, semilla++, simulador::ClasePedido::Mezcla, 0, true);
+            }
             siguientePedido =
                 Reloj::now() +
                 std::chrono::milliseconds(static_cast<long long>(opciones.PedidosCada * 1000));
@@ -152,7 +162,8 @@ int main(int argc, char** argv) {
                 }
             }
             const auto m = servicio.Mensajes().CrearDeMuestra(semillaMensaje++, numero);
-            servicio.Encolar("pedidosgprs/pedidosnuevos",
+            servicio.Encolar(soloImprimir ? simulador::ImpresionSimulada::RutaImprimir
+                                          : "pedidosgprs/pedidosnuevos",
                              {simulador::MensajesSimulados::Cuerpo(m)});
             siguienteMensaje =
                 Reloj::now() +

@@ -15,6 +15,7 @@
 #include "orders/RegistroPedido.h"
 #include "orders/RespuestasPedido_ui.h"
 #include "orders/Sondeo.h"
+#include "orders/SondeoImpresion.h"
 #include "orders/VentanaPedido_ui.h"
 #include "platform/AccesosSesion.h"
 #include "platform/CajaMensajes.h"
@@ -141,6 +142,7 @@ Form1::Form1(ModuloPrincipal& m, QStringList palabras, QWidget* padre)
         }
     });
     alTurnoDelCamino(timerConfig_, [this] { tickConfig(); });
+    alTurnoDelCamino(timerPedActualizado_, [this] { tickPedActualizado(); });
     instalarSonido();
     // An order accepted without a window goes through the same answer as one accepted by hand,
     // without its box when the service does not take it.
@@ -628,6 +630,10 @@ void Form1::ComprobarPedidosNuevos() {
     // is asked for; this turn is its.
     if (m_.AceptacionPendiente && AceptarPedido) {
         AceptarPedido();
+        return;
+    }
+    if (sondeo_impresion::EsModoImpresion(m_.Modo)) {
+        ComprobarPedidosImprimir();
         return;
     }
     const QString respuesta = m_.ConsultarServidor(sondeo::RutaPedidosNuevos(m_));

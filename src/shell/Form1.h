@@ -46,6 +46,8 @@ public:
     bool RefrescarConfiguracion();
     void AplicarConfiguracion();
     void ComprobarPedidosNuevos();
+    // Modes 1 and 2: the poll that prints orders accepted elsewhere (Form1Impresion.cpp).
+    void ComprobarPedidosImprimir();
     // The product and closing windows, made on first use.
     FormProductosRechazarIngredientes& formProductos();
     FormCerrarEstablec& formCerrarEstablec();
@@ -113,6 +115,10 @@ private:
     void tickConfig();
     void mostrarApertura(const QString& respuesta);
     void caminoPedido(QString respuesta);
+    // The status watch (Form1Vigilancia.cpp).
+    void tickPedActualizado();
+    void vigilarPedido();
+    void vigilarMensaje();
     void instalarSonido();
     void conexionEnLinea();
     void conexionPerdida();
