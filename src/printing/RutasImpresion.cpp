@@ -7,11 +7,13 @@
 #include "base/Pedido.h"
 #include "platform/CajaMensajes.h"
 #include "platform/EjecucionProtegida.h"
+#include "platform/Reloj.h"
 #include "printing/ImpresoraDW.h"
 #include "printing/TicketClienteDW.h"
 #include "printing/TicketClienteEP.h"
 #include "printing/TicketCocinaDW.h"
 #include "printing/TicketCocinaEP.h"
+#include "printing/TicketsSinImprimir.h"
 
 QString TextoSinImpresora() {
     return QStringLiteral("Debe seleccionar una impresora en configuración de impresoras");
@@ -36,6 +38,33 @@ bool Diferido(const QString& paraDia, bool automatico, bool imprimirEnCocina) {
     return !paraDia.isEmpty() && automatico && !imprimirEnCocina;
 }
 
+namespace {
+
+// The copies of this printer that did not come out go to the list of tickets to print again.
+void anotarSinImprimir(ModuloPrincipal& m, const ClassConfigImpresora& imp, int copias,
+                       const QString& error) {
+    int hueco = 0;
+    for (int n = 1; n <= 10 && hueco == 0; ++n) {
+        if (&m.Impresora(n) == &imp) {
+            hueco = n;
+        }
+    }
+    for (int n = 1; n <= 10 && hueco == 0; ++n) {
+        if (m.Impresora(n).NombreImpresora == imp.NombreImpresora) {
+            hueco = n;
+        }
+    }
+    if (hueco == 0) {
+        return; // a printer of no slot (a test page): nothing to print again
+    }
+    for (int i = 0; i < copias; ++i) {
+        m.ticketsSinImprimir().anotar(
+            {m.PedidoActual, hueco, imp.NombreImpresora, m.reloj().ahora(), error});
+    }
+}
+
+} // namespace
+
 void ImprimirPedido(ModuloPrincipal& m, const ClassConfigImpresora& imp, int copias) {
     qCInfo(diarioImpresion).noquote()
         << "pedido" << m.PedidoActual.NumPedido << (m.PedidoActual.Estado + u':') << copias
@@ -45,8 +74,9 @@ void ImprimirPedido(ModuloPrincipal& m, const ClassConfigImpresora& imp, int cop
         ImpresorasDW& impresoras = m.impresorasDW();
         HacerActualPorNombre(impresoras, imp.NombreImpresora);
         ImpresoraDW* impresora = nullptr;
+        int impresas = 0;
         try {
-            for (int i = 0; i < copias; ++i) {
+            for (int i = 0; i < copias; ++i, ++impresas) {
                 impresora = &impresoras.Printer();
                 if (imp.Cocina) {
                     ImprimirTicketCocinaDW(m, *impresora, imp);
@@ -65,13 +95,15 @@ void ImprimirPedido(ModuloPrincipal& m, const ClassConfigImpresora& imp, int cop
                 << m.PedidoActual.NumPedido << ":" << e.descripcion();
             m.cajas().critico(
                 TextoFalloImpresoraDW(e, imp.NombreImpresora, m.PedidoActual.NumPedido));
+            // The copy that failed and the ones not tried after it.
+            anotarSinImprimir(m, imp, copias - impresas, e.textoInforme());
         }
     } else if (imp.TipoImpresion == u"EP") {
         for (int i = 0; i < copias; ++i) {
-            if (imp.Cocina) {
-                ImprimirTicketCocinaEP(m, imp);
-            } else {
-                ImprimirTicketEP(m, imp);
+            const QString error =
+                imp.Cocina ? ImprimirTicketCocinaEP(m, imp) : ImprimirTicketEP(m, imp);
+            if (!error.isEmpty()) {
+                anotarSinImprimir(m, imp, 1, error);
             }
         }
     }

@@ -168,7 +168,7 @@ TEST_F(ImpresionCups, UnTicketEPPorNombreDeColaLlegaCrudo) {
     ImprimirTicketEP(m, impresoraEP("Barra", "referencia"));
     const QByteArray referencia = captura.bytes("referencia");
     ASSERT_FALSE(referencia.isEmpty());
-    m.canalEP().setAbridor(AbrirDestinoEP);
+    m.canalEP().setAbridor([](const QString& c) { return AbrirDestinoEP(c); });
 
     // The bare name as people write it, and the shared-printer form of the other system.
     ImprimirTicketEP(m, impresoraEP("Barra", Cola));
