@@ -20,6 +20,7 @@ public:
     static constexpr int EspacioDePilaInsuficiente = 28;
     static constexpr int ErrorDeEntradaSalida = 57;
     static constexpr int DiscoLleno = 61;
+    static constexpr int ErrorDeImpresora = 482;
 
     explicit ErrorEjecucion(int numero);
     ErrorEjecucion(int numero, QString descripcion);

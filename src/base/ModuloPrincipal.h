@@ -18,6 +18,7 @@ class CanalHttp;
 class AlertaSonora;
 class CanalEP;
 class ImpresorasDW;
+class TicketsSinImprimir;
 class Carta;
 class DiccionarioJson;
 
@@ -50,6 +51,8 @@ public:
     // The system's driver printers (none until the window side installs its own).
     ImpresorasDW& impresorasDW() const;
     void setImpresorasDW(std::unique_ptr<ImpresorasDW> i);
+    // The copies that could not be printed, kept beside config.txt (read on first use).
+    TicketsSinImprimir& ticketsSinImprimir() const;
     void setReloj(std::unique_ptr<Reloj> r);
     void setCajas(std::unique_ptr<CajaMensajes> c);
     // Puts `c` in place of the message boxes and returns the ones it replaced.
@@ -190,5 +193,6 @@ private:
     std::shared_ptr<AlertaSonora> sonido_;
     mutable std::shared_ptr<CanalEP> canalEP_;
     mutable std::shared_ptr<ImpresorasDW> impresorasDW_;
+    mutable std::shared_ptr<TicketsSinImprimir> ticketsSinImprimir_;
     std::shared_ptr<Carta> carta_;
 };

@@ -25,6 +25,45 @@ bool ExisteColaSistema(const QString& cola) {
     return true;
 }
 
+EstadoCola EstadoColaSistema(const QString& cola) {
+    const QByteArray nombre = cola.toUtf8();
+    if (nombre.isEmpty()) {
+        return EstadoCola::NoExiste;
+    }
+    cups_dest_t* destino = cupsGetNamedDest(CUPS_HTTP_DEFAULT, nombre.constData(), nullptr);
+    if (destino == nullptr) {
+        return EstadoCola::NoExiste;
+    }
+    // The server fills these in with the queue; a missing one is taken as the good value.
+    const char* estado = cupsGetOption("printer-state", destino->num_options, destino->options);
+    const char* acepta =
+        cupsGetOption("printer-is-accepting-jobs", destino->num_options, destino->options);
+    EstadoCola r = EstadoCola::Lista;
+    if (acepta != nullptr && qstrcmp(acepta, "false") == 0) {
+        r = EstadoCola::Rechaza;
+    } else if (estado != nullptr && qstrcmp(estado, "5") == 0) { // IPP_PSTATE_STOPPED
+        r = EstadoCola::Detenida;
+    }
+    cupsFreeDests(1, destino);
+    return r;
+}
+
+QString TextoEstadoCola(const QString& cola, EstadoCola estado) {
+    switch (estado) {
+    case EstadoCola::Lista:
+        break;
+    case EstadoCola::NoExiste:
+        return QStringLiteral("La cola de impresión ") + cola +
+               QStringLiteral(" no existe en este equipo");
+    case EstadoCola::Detenida:
+        return QStringLiteral("La cola de impresión ") + cola + QStringLiteral(" está detenida");
+    case EstadoCola::Rechaza:
+        return QStringLiteral("La cola de impresión ") + cola +
+               QStringLiteral(" no acepta trabajos");
+    }
+    return {};
+}
+
 ResultadoTrabajoCrudo EnviarTrabajoCrudo(const QString& cola, const QByteArray& datos,
                                          const QString& titulo) {
     const QByteArray nombre = cola.toUtf8();

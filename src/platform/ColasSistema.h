@@ -9,6 +9,20 @@
 // Whether `cola` is a queue of the local print system.
 bool ExisteColaSistema(const QString& cola);
 
+enum class EstadoCola {
+    Lista,    // takes jobs and prints them
+    NoExiste, // no queue of that name
+    Detenida, // takes jobs but keeps them: nothing prints until somebody starts it again
+    Rechaza,  // refuses new jobs
+};
+
+// What the print system says of `cola` now.
+EstadoCola EstadoColaSistema(const QString& cola);
+
+// The description of a queue that will not print, for the printer's box; empty when it is
+// ready.
+QString TextoEstadoCola(const QString& cola, EstadoCola estado);
+
 enum class ResultadoTrabajoCrudo {
     Hecho,
     SinCola, // the queue is gone, or refused to take the job

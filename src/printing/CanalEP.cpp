@@ -11,11 +11,11 @@
 #include <QFileInfo>
 #include <QSerialPort>
 #include <QTcpSocket>
+#include <QThread>
+#include <linux/sockios.h>
+#include <sys/ioctl.h>
 
 namespace {
-
-constexpr int kEsperaConexionMs = 5000;
-constexpr int kEsperaEscrituraMs = 15000;
 
 [[noreturn]] void noEncontrado() {
     throw ErrorEjecucion(ErrorEjecucion::ArchivoNoEncontrado);
@@ -60,7 +60,7 @@ private:
 
 class DestinoSerie : public DestinoEP {
 public:
-    explicit DestinoSerie(const ConexionEP& c) {
+    DestinoSerie(const ConexionEP& c, PlazosEP plazos) : plazos_(plazos) {
         if (!c.ajustesValidos) {
             noEncontrado();
         }
@@ -89,7 +89,7 @@ public:
         }
     }
     void cerrar() override {
-        QDeadlineTimer plazo(kEsperaEscrituraMs);
+        QDeadlineTimer plazo(plazos_.escrituraMs);
         while (puerto_.bytesToWrite() > 0) {
             if (plazo.hasExpired() ||
                 !puerto_.waitForBytesWritten(static_cast<int>(plazo.remainingTime()))) {
@@ -105,14 +105,15 @@ public:
     }
 
 private:
+    PlazosEP plazos_;
     QSerialPort puerto_;
 };
 
 class DestinoTcp : public DestinoEP {
 public:
-    explicit DestinoTcp(const ConexionEP& c) {
+    DestinoTcp(const ConexionEP& c, PlazosEP plazos) : plazos_(plazos) {
         socket_.connectToHost(c.ruta, c.puerto, QIODevice::WriteOnly);
-        if (!socket_.waitForConnected(kEsperaConexionMs)) {
+        if (!socket_.waitForConnected(plazos_.conexionMs)) {
             socket_.abort();
             noEncontrado();
         }
@@ -123,13 +124,22 @@ public:
         }
     }
     void cerrar() override {
-        QDeadlineTimer plazo(kEsperaEscrituraMs);
+        QDeadlineTimer plazo(plazos_.escrituraMs);
         while (socket_.bytesToWrite() > 0) {
             if (plazo.hasExpired() ||
                 !socket_.waitForBytesWritten(static_cast<int>(plazo.remainingTime()))) {
                 socket_.abort();
                 errorES();
             }
+        }
+        // Written is not taken: a printer out of paper or stuck keeps its window shut, and the
+        // copy sits in our send queue. Only a copy the printer acknowledged counts as printed.
+        while (porConfirmar() > 0) {
+            if (plazo.hasExpired() || socket_.state() != QAbstractSocket::ConnectedState) {
+                socket_.abort();
+                errorES();
+            }
+            QThread::msleep(10);
         }
         socket_.disconnectFromHost();
         if (socket_.state() != QAbstractSocket::UnconnectedState &&
@@ -141,6 +151,17 @@ public:
     void abortar() noexcept override { socket_.abort(); }
 
 private:
+    // Bytes the printer has not acknowledged yet (0 when that can't be known).
+    int porConfirmar() const {
+        int n = 0;
+        const auto fd = socket_.socketDescriptor();
+        if (fd < 0 || ::ioctl(static_cast<int>(fd), SIOCOUTQ, &n) != 0) {
+            return 0;
+        }
+        return n;
+    }
+
+    PlazosEP plazos_;
     QTcpSocket socket_;
 };
 
@@ -149,8 +170,14 @@ private:
 class DestinoCola : public DestinoEP {
 public:
     explicit DestinoCola(const QString& cola) : cola_(cola) {
-        if (!ExisteColaSistema(cola_)) {
+        // A stopped queue would take the job and keep it: the ticket would never come out
+        // and nobody would know.
+        const EstadoCola estado = EstadoColaSistema(cola_);
+        if (estado == EstadoCola::NoExiste) {
             noEncontrado();
+        }
+        if (estado != EstadoCola::Lista) {
+            throw ErrorEjecucion(ErrorEjecucion::ErrorDeImpresora, TextoEstadoCola(cola_, estado));
         }
     }
     void escribir(const QByteArray& b) override { datos_.append(b); }
@@ -174,13 +201,13 @@ private:
 
 } // namespace
 
-std::unique_ptr<DestinoEP> AbrirDestinoEP(const QString& conexion) {
+std::unique_ptr<DestinoEP> AbrirDestinoEP(const QString& conexion, PlazosEP plazos) {
     const ConexionEP c = AnalizarConexionEP(conexion);
     switch (c.tipo) {
     case ConexionEP::Tipo::Serie:
-        return std::make_unique<DestinoSerie>(c);
+        return std::make_unique<DestinoSerie>(c, plazos);
     case ConexionEP::Tipo::Tcp:
-        return std::make_unique<DestinoTcp>(c);
+        return std::make_unique<DestinoTcp>(c, plazos);
     case ConexionEP::Tipo::Cola:
         return std::make_unique<DestinoCola>(c.ruta);
     case ConexionEP::Tipo::Dispositivo:
@@ -198,7 +225,7 @@ std::unique_ptr<DestinoEP> AbrirDestinoEP(const QString& conexion) {
     noEncontrado();
 }
 
-CanalEP::CanalEP() : abridor_(AbrirDestinoEP) {}
+CanalEP::CanalEP() : abridor_([](const QString& c) { return AbrirDestinoEP(c); }) {}
 
 CanalEP::~CanalEP() {
     Abortar();

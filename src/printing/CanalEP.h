@@ -17,9 +17,17 @@ public:
     virtual void abortar() noexcept = 0;
 };
 
+// How long a copy may wait on its printer: to connect (a network printer) and to get its
+// bytes taken once written (any port).
+struct PlazosEP {
+    int conexionMs = 5000;
+    int escrituraMs = 15000;
+};
+
 // Opens the destination an EPConexion names; a port, device, queue or host that can't be
-// opened or reached is error 53.
-std::unique_ptr<DestinoEP> AbrirDestinoEP(const QString& conexion);
+// opened or reached is error 53. A print queue that is stopped or refuses jobs is error 482
+// with the queue's state as its text.
+std::unique_ptr<DestinoEP> AbrirDestinoEP(const QString& conexion, PlazosEP plazos = {});
 
 // The one channel of raw ticket printing: at most one ticket open at a time. Tests replace
 // the opener to capture the bytes in memory.

@@ -1,6 +1,7 @@
 #include "printing/ImpresoraDWQt_ui.h"
 
 #include "base/ErrorEjecucion.h"
+#include "platform/ColasSistema.h"
 
 #include <QFileInfo>
 #include <QFont>
@@ -70,6 +71,11 @@ void ImpresoraDWQt::empezar() {
         }
         printer_->setOutputFileName(ruta);
         pdfs_.append(ruta);
+    } else if (const EstadoCola estado = EstadoColaSistema(printer_->printerName());
+               estado != EstadoCola::Lista) {
+        // A stopped queue takes the job and keeps it; one that is gone or refuses loses it.
+        // Either way the ticket would not come out, and the staff must know now.
+        throw ErrorEjecucion(ErrorImpresora, TextoEstadoCola(printer_->printerName(), estado));
     }
     if (!painter_.begin(printer_.get())) {
         throw ErrorEjecucion(ErrorImpresora, QStringLiteral("Error de impresora"));

@@ -11,25 +11,25 @@ QString TextoPuertoNoEncontrado(const QString& nombreImpresora) {
            QStringLiteral(" no se corresponde con ningún puerto de impresora.");
 }
 
-void EjecutarMarcoEP(ModuloPrincipal& m, const QString& nombreImpresora,
-                     const std::function<void(CanalEP&)>& cuerpo) {
+QString EjecutarMarcoEP(ModuloPrincipal& m, const QString& nombreImpresora,
+                        const std::function<void(CanalEP&)>& cuerpo) {
     CanalEP& canal = m.canalEP();
     try {
         cuerpo(canal);
         canal.Cerrar();
         qCInfo(diarioImpresion).noquote() << ('"' + nombreImpresora + '"') << "ticket impreso";
+        return {};
     } catch (const ErrorEjecucion& e) {
         canal.Abortar();
         qCWarning(diarioImpresion).noquote()
             << ('"' + nombreImpresora + '"') << "ticket NO impreso: error" << e.numero()
             << e.descripcion();
-        if (e.numero() == ErrorEjecucion::ArchivoNoEncontrado) {
-            m.cajas().mostrar(TextoPuertoNoEncontrado(nombreImpresora), estilo::SoloAceptar);
-        } else {
-            m.cajas().mostrar(QStringLiteral("Se ha producido un error. Tipo de error = ") +
-                                  QString::number(e.numero()) + QStringLiteral(". Descripción: ") +
-                                  e.descripcion(),
-                              estilo::SoloAceptar);
-        }
+        const QString texto = e.numero() == ErrorEjecucion::ArchivoNoEncontrado
+                                  ? TextoPuertoNoEncontrado(nombreImpresora)
+                                  : QStringLiteral("Se ha producido un error. Tipo de error = ") +
+                                        QString::number(e.numero()) +
+                                        QStringLiteral(". Descripción: ") + e.descripcion();
+        m.cajas().mostrar(texto, estilo::SoloAceptar);
+        return texto;
     }
 }

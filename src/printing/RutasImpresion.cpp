@@ -7,11 +7,13 @@
 #include "base/Pedido.h"
 #include "platform/CajaMensajes.h"
 #include "platform/EjecucionProtegida.h"
+#include "platform/Reloj.h"
 #include "printing/ImpresoraDW.h"
 #include "printing/TicketClienteDW.h"
 #include "printing/TicketClienteEP.h"
 #include "printing/TicketCocinaDW.h"
 #include "printing/TicketCocinaEP.h"
+#include "printing/TicketsSinImprimir.h"
 
 QString TextoSinImpresora() {
     return QStringLiteral("Debe seleccionar una impresora en configuración de impresoras");
@@ -36,13 +38,42 @@ bool Diferido(const QString& paraDia, bool automatico, bool imprimirEnCocina) {
     return !paraDia.isEmpty() && automatico && !imprimirEnCocina;
 }
 
-void ImprimirEnImpresoraDW(ModuloPrincipal& m, const ClassConfigImpresora& imp, int copias,
-                           const std::function<void(ImpresoraDW&)>& copia) {
+namespace {
+
+// The copies of this printer that did not come out go to the list of tickets to print again.
+void anotarSinImprimir(ModuloPrincipal& m, const ClassConfigImpresora& imp, int copias,
+                       const QString& error) {
+    int hueco = 0;
+    for (int n = 1; n <= 10 && hueco == 0; ++n) {
+        if (&m.Impresora(n) == &imp) {
+            hueco = n;
+        }
+    }
+    for (int n = 1; n <= 10 && hueco == 0; ++n) {
+        if (m.Impresora(n).NombreImpresora == imp.NombreImpresora) {
+            hueco = n;
+        }
+    }
+    if (hueco == 0) {
+        return; // a printer of no slot (a test page): nothing to print again
+    }
+    for (int i = 0; i < copias; ++i) {
+        m.ticketsSinImprimir().anotar(
+            {m.PedidoActual, hueco, imp.NombreImpresora, m.reloj().ahora(), error});
+    }
+}
+
+} // namespace
+
+CopiasSinImprimir ImprimirEnImpresoraDW(ModuloPrincipal& m, const ClassConfigImpresora& imp,
+                                        int copias,
+                                        const std::function<void(ImpresoraDW&)>& copia) {
     ImpresorasDW& impresoras = m.impresorasDW();
     HacerActualPorNombre(impresoras, imp.NombreImpresora);
     ImpresoraDW* impresora = nullptr;
+    int impresas = 0;
     try {
-        for (int i = 0; i < copias; ++i) {
+        for (int i = 0; i < copias; ++i, ++impresas) {
             impresora = &impresoras.Printer();
             copia(*impresora);
             qCInfo(diarioImpresion).noquote()
@@ -56,7 +87,10 @@ void ImprimirEnImpresoraDW(ModuloPrincipal& m, const ClassConfigImpresora& imp, 
             << ('"' + imp.NombreImpresora + '"') << "copia NO impresa del pedido"
             << m.PedidoActual.NumPedido << ":" << e.descripcion();
         m.cajas().critico(TextoFalloImpresoraDW(e, imp.NombreImpresora, m.PedidoActual.NumPedido));
+        // The copy that failed and the ones not tried after it.
+        return {copias - impresas, e.textoInforme()};
     }
+    return {};
 }
 
 void ImprimirPedido(ModuloPrincipal& m, const ClassConfigImpresora& imp, int copias) {
@@ -65,19 +99,21 @@ void ImprimirPedido(ModuloPrincipal& m, const ClassConfigImpresora& imp, int cop
         << (copias == 1 ? "copia para" : "copias para") << imp.TipoImpresion
         << ('"' + imp.NombreImpresora + '"') << (imp.Cocina ? "(cocina)" : "(cliente)");
     if (imp.TipoImpresion == u"DW") {
-        ImprimirEnImpresoraDW(m, imp, copias, [&](ImpresoraDW& impresora) {
-            if (imp.Cocina) {
-                ImprimirTicketCocinaDW(m, impresora, imp);
-            } else {
-                ImprimirTicketDW(m, impresora, imp);
-            }
-        });
+        const CopiasSinImprimir fallidas =
+            ImprimirEnImpresoraDW(m, imp, copias, [&](ImpresoraDW& impresora) {
+                if (imp.Cocina) {
+                    ImprimirTicketCocinaDW(m, impresora, imp);
+                } else {
+                    ImprimirTicketDW(m, impresora, imp);
+                }
+            });
+        anotarSinImprimir(m, imp, fallidas.copias, fallidas.error);
     } else if (imp.TipoImpresion == u"EP") {
         for (int i = 0; i < copias; ++i) {
-            if (imp.Cocina) {
-                ImprimirTicketCocinaEP(m, imp);
-            } else {
-                ImprimirTicketEP(m, imp);
+            const QString error =
+                imp.Cocina ? ImprimirTicketCocinaEP(m, imp) : ImprimirTicketEP(m, imp);
+            if (!error.isEmpty()) {
+                anotarSinImprimir(m, imp, 1, error);
             }
         }
     }

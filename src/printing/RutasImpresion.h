@@ -19,9 +19,15 @@ bool Diferido(const QString& paraDia, bool automatico, bool imprimirEnCocina);
 
 // `copias` documents on a driver printer, made current by its name first (the current one
 // stays when the name isn't there). A failure drops the document begun, ends in the box of a
-// failed driver printer and stops this printer's copies only.
-void ImprimirEnImpresoraDW(ModuloPrincipal& m, const ClassConfigImpresora& impresora, int copias,
-                           const std::function<void(ImpresoraDW&)>& copia);
+// failed driver printer and stops this printer's copies only; the copies that did not come out
+// and why are returned (none when all did).
+struct CopiasSinImprimir {
+    int copias = 0;
+    QString error;
+};
+CopiasSinImprimir ImprimirEnImpresoraDW(ModuloPrincipal& m, const ClassConfigImpresora& impresora,
+                                        int copias,
+                                        const std::function<void(ImpresoraDW&)>& copia);
 
 // PedidoActual on this one printer, `copias` times, by its mode and kind. A driver printer is
 // made current by its name first (the current one stays when the name isn't there). A failed

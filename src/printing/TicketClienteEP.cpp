@@ -193,7 +193,8 @@ void escribirTicket(ModuloPrincipal& m, CanalEP& canal, ClassConfigImpresora& im
 
 } // namespace
 
-void ImprimirTicketEP(ModuloPrincipal& m, const ClassConfigImpresora& impresora) {
+QString ImprimirTicketEP(ModuloPrincipal& m, const ClassConfigImpresora& impresora) {
     ClassConfigImpresora imp = impresora; // this copy's settings; the state block may change one
-    EjecutarMarcoEP(m, imp.NombreImpresora, [&](CanalEP& canal) { escribirTicket(m, canal, imp); });
+    return EjecutarMarcoEP(m, imp.NombreImpresora,
+                           [&](CanalEP& canal) { escribirTicket(m, canal, imp); });
 }

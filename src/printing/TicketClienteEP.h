@@ -3,5 +3,8 @@
 class ModuloPrincipal;
 struct ClassConfigImpresora;
 
-// One copy of the customer ticket of PedidoActual on a raw printer. Failures end in a box.
-void ImprimirTicketEP(ModuloPrincipal& m, const ClassConfigImpresora& impresora);
+#include <QString>
+
+// One copy of the customer ticket of PedidoActual on a raw printer. Failures end in a box,
+// whose text is returned (empty when the copy printed).
+QString ImprimirTicketEP(ModuloPrincipal& m, const ClassConfigImpresora& impresora);

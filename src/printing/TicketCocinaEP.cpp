@@ -222,9 +222,9 @@ private:
 
 } // namespace
 
-void ImprimirTicketCocinaEP(ModuloPrincipal& m, const ClassConfigImpresora& impresora) {
+QString ImprimirTicketCocinaEP(ModuloPrincipal& m, const ClassConfigImpresora& impresora) {
     ClassConfigImpresora imp = impresora;
-    EjecutarMarcoEP(m, imp.NombreImpresora, [&](CanalEP& canal) {
+    return EjecutarMarcoEP(m, imp.NombreImpresora, [&](CanalEP& canal) {
         TicketCocina ticket(m, canal, imp);
         ticket.escribir();
     });

@@ -26,6 +26,7 @@
 #include "platform/Temporizador.h"
 #include "platform/Volcado_ui.h"
 #include "printing/ColasImpresion.h"
+#include "printing/FormTicketsSinImprimir.h"
 #include "products/ListaProductos_ui.h"
 #include "server/Configuracion.h"
 #include "settings/FormAdmin.h"
@@ -248,6 +249,9 @@ void Form1::construirControles() {
     rejilla->addWidget(label1, 6, 0, 1, 2);
     rejilla->addWidget(listaAgotados_, 7, 0, 1, 2);
     rejilla->addWidget(labelInfo_, 8, 0, 1, 2);
+    auto* butSinImprimir = crear<QPushButton>(central, "butTicketsSinImprimir", QString());
+    FormTicketsSinImprimir::PrepararBoton(m_, butSinImprimir);
+    rejilla->addWidget(butSinImprimir, 9, 0, 1, 2);
     resize(420, 520);
 }
 

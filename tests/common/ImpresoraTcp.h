@@ -27,10 +27,14 @@ public:
         Cronometro::time_point ultimo;
     };
 
-    ImpresoraTcp() {
+    // On `puerto`, or on a free one with 0; puerto() is 0 when it could not listen.
+    explicit ImpresoraTcp(quint16 puerto = 0) {
         fd_ = ::socket(AF_INET, SOCK_STREAM, 0);
+        const int si = 1;
+        ::setsockopt(fd_, SOL_SOCKET, SO_REUSEADDR, &si, sizeof si); // a printer that comes back
         sockaddr_in dir{};
         dir.sin_family = AF_INET;
+        dir.sin_port = htons(puerto);
         dir.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
         socklen_t largo = sizeof dir;
         if (fd_ < 0 || ::bind(fd_, reinterpret_cast<sockaddr*>(&dir), sizeof dir) != 0 ||

@@ -26,7 +26,7 @@ protected:
         // The bytes this ticket has, captured in memory once.
         ImprimirTicketEP(m, impresoraEP("Barra", "referencia"));
         referencia = captura.bytes("referencia");
-        m.canalEP().setAbridor(AbrirDestinoEP);
+        m.canalEP().setAbridor([](const QString& c) { return AbrirDestinoEP(c); });
     }
 
     QByteArray referencia;

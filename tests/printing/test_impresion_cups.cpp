@@ -3,6 +3,7 @@
 // routing to the driver printer named like the queue; the job's PDF holds the ticket. The
 // queue reset is checked against the same server.
 #include "common/EscritorioPruebaEP.h"
+#include "common/ServidorCupsPrueba.h"
 #include "impresora_dw_prueba.h"
 #include "printing/CanalEP.h"
 #include "printing/ColasImpresion.h"
@@ -10,118 +11,36 @@
 #include "printing/RutasImpresion.h"
 #include "printing/TicketClienteEP.h"
 
-#include <QCoreApplication>
-#include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <QThread>
 #include <cups/cups.h>
-#include <unistd.h>
 
 namespace {
 
-const QString Cola = QStringLiteral("TicketsPDF");
-
-bool esperar(const std::function<bool()>& condicion, int ms) {
-    QElapsedTimer reloj;
-    reloj.start();
-    while (!condicion() && reloj.elapsed() < ms) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-        QThread::msleep(20);
-    }
-    return condicion();
-}
-
-bool escribir(const QString& ruta, const QString& texto) {
-    QFile f(ruta);
-    return f.open(QIODevice::WriteOnly) && f.write(texto.toUtf8()) >= 0;
-}
+const QString Cola = ServidorCupsPrueba::Cola;
 
 class ImpresionCups : public EscritorioPrueba {
 protected:
     void SetUp() override {
-        if (geteuid() != 0 || !QFile::exists("/usr/sbin/cupsd")) {
+        if (!ServidorCupsPrueba::posible()) {
             GTEST_SKIP() << "needs root and cupsd (cups-daemon)";
         }
-        raiz = dir.path();
-        QFile::setPermissions(raiz, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner |
-                                        QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther |
-                                        QFile::ExeOther);
-        for (const char* d : {"spool", "cache", "state", "tmp", "log", "ppd", "bin/backend"}) {
-            ASSERT_TRUE(QDir(raiz).mkpath(d));
-        }
-        ASSERT_TRUE(QDir(raiz).mkpath("out"));
-        ::chmod(QFile::encodeName(raiz + "/out").constData(), 01777);
-        ::chmod(QFile::encodeName(raiz + "/tmp").constData(), 01777);
-        // The system's filters and helpers, with a back end of our own.
-        for (const QString& x :
-             QDir("/usr/lib/cups").entryList(QDir::AllEntries | QDir::NoDotAndDotDot)) {
-            if (x != "backend") {
-                QFile::link("/usr/lib/cups/" + x, raiz + "/bin/" + x);
-            }
-        }
-        const QString backend = raiz + "/bin/backend/archivo";
-        ASSERT_TRUE(escribir(
-            backend, "#!/bin/sh\n"
-                     "[ $# -eq 0 ] && { echo 'file archivo \"Unknown\" \"Archivo\"'; exit 0; }\n"
-                     "cat \"${6:-/dev/stdin}\" > \"" +
-                         raiz + "/out/trabajo-$1.pdf\"\n"));
-        QFile::setPermissions(backend, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        socket = raiz + "/cups.sock";
-        ASSERT_TRUE(escribir(raiz + "/cupsd.conf",
-                             "Listen " + socket +
-                                 "\nLogLevel warn\nWebInterface No\n"
-                                 "<Location />\n Order allow,deny\n Allow all\n</Location>\n"
-                                 "<Location /admin>\n Order allow,deny\n Allow all\n</Location>\n"
-                                 "<Policy default>\n <Limit All>\n  Order deny,allow\n </Limit>\n"
-                                 "</Policy>\n"));
-        ASSERT_TRUE(escribir(raiz + "/cups-files.conf",
-                             "ServerRoot " + raiz + "\nServerBin " + raiz + "/bin\nRequestRoot " +
-                                 raiz + "/spool\nCacheDir " + raiz + "/cache\nStateDir " + raiz +
-                                 "/state\nTempDir " + raiz + "/tmp\nErrorLog " + raiz +
-                                 "/log/error_log\nAccessLog " + raiz +
-                                 "/log/access_log\n"
-                                 "PageLog " +
-                                 raiz + "/log/page_log\nPrintcap\n"));
-        cupsd.start("/usr/sbin/cupsd",
-                    {"-f", "-c", raiz + "/cupsd.conf", "-s", raiz + "/cups-files.conf"});
-        ASSERT_TRUE(cupsd.waitForStarted(5000));
-        ASSERT_TRUE(esperar([this] { return QFile::exists(socket); }, 10000))
-            << "cupsd didn't open its socket";
-        qputenv("CUPS_SERVER", socket.toLocal8Bit());
-        cupsSetServer(socket.toLocal8Bit().constData());
-        ASSERT_EQ(lp("lpadmin", {"-p", Cola, "-E", "-v", "archivo:/"}), 0);
+        const QString porque = servidor.arrancar();
+        ASSERT_TRUE(porque.isEmpty()) << porque.toStdString();
+        raiz = servidor.raiz;
     }
 
-    void TearDown() override {
-        if (cupsd.state() != QProcess::NotRunning) {
-            cupsd.terminate();
-            if (!cupsd.waitForFinished(5000)) {
-                cupsd.kill();
-                cupsd.waitForFinished(5000);
-            }
-        }
-        cupsSetServer(nullptr);
-        qunsetenv("CUPS_SERVER");
+    static int lp(const QString& programa, const QStringList& argumentos) {
+        return ServidorCupsPrueba::lp(programa, argumentos);
     }
-
-    // Runs one of the print system's commands against our server, bounded.
-    int lp(const QString& programa, const QStringList& argumentos) {
-        QProcess p;
-        p.start(programa, argumentos);
-        if (!p.waitForFinished(15000)) {
-            p.kill();
-            p.waitForFinished(2000);
-            return -1;
-        }
-        return p.exitCode();
+    static bool esperar(const std::function<bool()>& condicion, int ms) {
+        return ServidorCupsPrueba::esperar(condicion, ms);
     }
-
-    QStringList trabajos() const {
-        return QDir(raiz + "/out").entryList({"trabajo-*.pdf"}, QDir::Files, QDir::Name);
+    static bool escribir(const QString& ruta, const QString& texto) {
+        return ServidorCupsPrueba::escribir(ruta, texto);
     }
+    QStringList trabajos() const { return servidor.trabajos(); }
 
     static QString textoPdf(const QString& ruta) {
         QProcess p;
@@ -132,10 +51,8 @@ protected:
         return QString::fromUtf8(p.readAllStandardOutput());
     }
 
-    QTemporaryDir dir;
+    ServidorCupsPrueba servidor;
     QString raiz;
-    QString socket;
-    QProcess cupsd;
 };
 
 TEST_F(ImpresionCups, UnPedidoAceptadoLlegaALaColaComoPdf) {
@@ -168,7 +85,7 @@ TEST_F(ImpresionCups, UnTicketEPPorNombreDeColaLlegaCrudo) {
     ImprimirTicketEP(m, impresoraEP("Barra", "referencia"));
     const QByteArray referencia = captura.bytes("referencia");
     ASSERT_FALSE(referencia.isEmpty());
-    m.canalEP().setAbridor(AbrirDestinoEP);
+    m.canalEP().setAbridor([](const QString& c) { return AbrirDestinoEP(c); });
 
     // The bare name as people write it, and the shared-printer form of the other system.
     ImprimirTicketEP(m, impresoraEP("Barra", Cola));
