@@ -4,8 +4,9 @@
 #pragma once
 
 #include "Actualizaciones.h"
-#include "CategoriasSimuladas.h"
 #include "CartaSimulada.h"
+#include "CategoriasSimuladas.h"
+#include "FallosAlAzar.h"
 #include "GeneradorPedidos.h"
 #include "MensajesSimulados.h"
 #include "Peticiones.h"
@@ -32,7 +33,8 @@ public:
     };
 
     struct Fallo {
-        std::string Tipo; // rechazar, colgar, error, vacio, basura, status500, titulo502
+        // rechazar, colgar, error, vacio, basura, status500, titulo502, http500, cortado
+        std::string Tipo;
         double Segundos = 0;
         int Veces = -1;   // -1: until cleared
         std::string Ruta; // empty: every path
@@ -85,6 +87,7 @@ public:
     // Replaces the menu and its marks; false for a document without categories.
     bool PonerCarta(const nlohmann::ordered_json& documento);
     MensajesSimulados& Mensajes() { return mensajes_; }
+    FallosAlAzar& Azar() { return azar_; }
 
 private:
     long long MsDesdeInicio() const;
@@ -125,6 +128,7 @@ private:
     ActualizacionesSimuladas actualizaciones_;
     CartaSimulada carta_;
     MensajesSimulados mensajes_;
+    FallosAlAzar azar_;
 };
 
 } // namespace simulador
