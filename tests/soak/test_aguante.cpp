@@ -334,7 +334,7 @@ protected:
 // Three in ten requests fail, of every kind the service can fail with: the desk goes on
 // polling, answers each order once and prints each copy once.
 TEST_F(Aguante, PedidosAutomaticosEntreFallosDeTodaClase) {
-    const Parametros p = DelEntorno({300, 20, 0.3, 10, 21});
+    const Parametros p = DelEntorno({400, 20, 0.3, 10, 21});
     arrancar(p);
     correr(p);
     comprobarFinal();
@@ -361,7 +361,9 @@ TEST_F(Aguante, MemoriaYDescriptoresEstables) {
     const qsizetype fdFin = Descriptores(desk.pid());
     ASSERT_GT(rssInicio, 0);
     EXPECT_LT(rssFin - rssInicio, 1024) << "kB grown after warm-up";
-    EXPECT_EQ(fdFin, fdInicio);
+    // Idle threads of Qt's pools (name lookups) end after half a minute and take their
+    // eventfd along, so the end may hold fewer; a leak holds more.
+    EXPECT_LE(fdFin, fdInicio);
     informe += QStringLiteral("RSS tras calentar (%1 sondeos) %2 kB, al final %3 kB "
                               "(crece %4 kB), máximo %5 kB; descriptores %6 -> %7\n")
                    .arg(calentamiento)
