@@ -336,7 +336,9 @@ protected:
 TEST_F(Aguante, PedidosAutomaticosEntreFallosDeTodaClase) {
     const Parametros p = DelEntorno({400, 20, 0.3, 10, 21});
     arrancar(p);
+    ASSERT_FALSE(HasFatalFailure());
     correr(p);
+    ASSERT_FALSE(HasFatalFailure());
     comprobarFinal();
 }
 
@@ -344,6 +346,7 @@ TEST_F(Aguante, PedidosAutomaticosEntreFallosDeTodaClase) {
 TEST_F(Aguante, MemoriaYDescriptoresEstables) {
     const Parametros p = DelEntorno({1500, 10, 0.0, 50, 4});
     arrancar(p);
+    ASSERT_FALSE(HasFatalFailure());
     const int calentamiento = std::max(200, p.sondeos / 5);
     qint64 rssInicio = -1;
     qint64 rssMax = 0;
@@ -356,7 +359,9 @@ TEST_F(Aguante, MemoriaYDescriptoresEstables) {
         }
         rssMax = std::max(rssMax, rss);
     });
+    ASSERT_FALSE(HasFatalFailure());
     comprobarFinal();
+    ASSERT_FALSE(HasFatalFailure());
     const qint64 rssFin = RssKb(desk.pid());
     const qsizetype fdFin = Descriptores(desk.pid());
     ASSERT_GT(rssInicio, 0);
