@@ -138,11 +138,20 @@ protected:
         QString numero;
         bool recogen = false;
     };
+    // A raw printer of the establishment and the copies it owes each order.
+    struct Destino {
+        const char* nombre;
+        ImpresoraTcp& impresora;
+        int copias;
+        int recoger; // copies of a pick-up order; -1: as many as any other
+        bool enCocina;
+        int debe(const Pedido& p) const { return p.recogen && recoger >= 0 ? recoger : copias; }
+    };
 
     void SetUp() override {
         ASSERT_TRUE(sim.enMarcha());
-        for (const ImpresoraTcp* i : {&mostrador, &cocina, &reparto}) {
-            ASSERT_NE(i->puerto(), 0);
+        for (const Destino& d : destinos) {
+            ASSERT_NE(d.impresora.puerto(), 0);
         }
     }
 
@@ -155,26 +164,24 @@ protected:
         const QJsonObject plantilla =
             sim.documento()[QStringLiteral("configimpresoras")].toArray()[1].toObject();
         ASSERT_EQ(plantilla[QStringLiteral("tipoimpresion")].toString(), QStringLiteral("EP"));
-        auto impresora = [&](int n, const char* nombre, const ImpresoraTcp& destino, int copias,
-                             int recoger, bool enCocina) {
+        QJsonArray impresoras;
+        for (const Destino& d : destinos) {
             QJsonObject i = plantilla;
-            i[QStringLiteral("numeroimpresora")] = n;
-            i[QStringLiteral("nombreimpresora")] = QLatin1String(nombre);
-            i[QStringLiteral("epconexion")] = QStringLiteral("127.0.0.1:%1").arg(destino.puerto());
-            i[QStringLiteral("numerocopiasaceptado")] = copias;
-            i[QStringLiteral("numerocopiasaceptadorecoger")] = recoger;
-            i[QStringLiteral("cocina")] = enCocina ? 1 : 0;
+            i[QStringLiteral("numeroimpresora")] = impresoras.size() + 1;
+            i[QStringLiteral("nombreimpresora")] = QLatin1String(d.nombre);
+            i[QStringLiteral("epconexion")] =
+                QStringLiteral("127.0.0.1:%1").arg(d.impresora.puerto());
+            i[QStringLiteral("numerocopiasaceptado")] = d.copias;
+            i[QStringLiteral("numerocopiasaceptadorecoger")] = d.recoger;
+            i[QStringLiteral("cocina")] = d.enCocina ? 1 : 0;
             i[QStringLiteral("categoriasids")] =
-                enCocina ? QStringLiteral("11,12,13,14,15") : QString();
+                d.enCocina ? QStringLiteral("11,12,13,14,15") : QString();
             i[QStringLiteral("productosexcepids")] = QString();
             i[QStringLiteral("productosids")] = QString();
-            return i;
-        };
+            impresoras.append(i);
+        }
         QJsonObject doc = sim.documento();
-        doc[QStringLiteral("configimpresoras")] =
-            QJsonArray{impresora(1, "Mostrador", mostrador, 2, -1, false),
-                       impresora(2, simulador::kImpresoraCocinaCaliente, cocina, 1, -1, true),
-                       impresora(3, "Reparto", reparto, 1, 3, false)};
+        doc[QStringLiteral("configimpresoras")] = impresoras;
         doc[QStringLiteral("intervaloescaneopedido")] = p.intervaloMs;
         doc[QStringLiteral("intervaloescaneoconfiguracion")] = 2000;
         doc[QStringLiteral("intervaloescaneopedactualizado")] = 0;
@@ -251,20 +258,14 @@ protected:
                 falta += QStringLiteral(" sin respuesta ") + o[QStringLiteral("numero")].toString();
             }
         }
-        const Recuento m = Contar(mostrador);
-        const Recuento c = Contar(cocina);
-        const Recuento r = Contar(reparto);
-        for (const Pedido& p : pedidos) {
-            const int tiene[] = {m.copias.value(p.numero), c.copias.value(p.numero),
-                                 r.copias.value(p.numero)};
-            const int debe[] = {2, 1, p.recogen ? 3 : 1};
-            for (int i = 0; i < 3; ++i) {
-                if (tiene[i] < debe[i]) {
-                    falta += QStringLiteral(" impresora %1 pedido %2: %3/%4")
-                                 .arg(i + 1)
-                                 .arg(p.numero)
-                                 .arg(tiene[i])
-                                 .arg(debe[i]);
+        for (const Destino& d : destinos) {
+            const Recuento r = Contar(d.impresora);
+            for (const Pedido& p : pedidos) {
+                if (r.copias.value(p.numero) < d.debe(p)) {
+                    falta += QStringLiteral(" %1 pedido %2: %3/%4")
+                                 .arg(QLatin1String(d.nombre), p.numero)
+                                 .arg(r.copias.value(p.numero))
+                                 .arg(d.debe(p));
                 }
             }
         }
@@ -292,23 +293,13 @@ protected:
             EXPECT_EQ(o[QStringLiteral("estado")].toString(), QStringLiteral("Aceptado"));
             respuestas += static_cast<int>(o[QStringLiteral("respuestas")].toArray().size());
         }
-        struct Fila {
-            const char* nombre;
-            ImpresoraTcp& impresora;
-            std::function<int(const Pedido&)> copias;
-        };
-        const Fila filas[] = {
-            {"Mostrador", mostrador, [](const Pedido&) { return 2; }},
-            {simulador::kImpresoraCocinaCaliente, cocina, [](const Pedido&) { return 1; }},
-            {"Reparto", reparto, [](const Pedido& p) { return p.recogen ? 3 : 1; }},
-        };
-        for (const Fila& f : filas) {
+        for (const Destino& f : destinos) {
             SCOPED_TRACE(f.nombre);
             const Recuento r = Contar(f.impresora);
             int esperadas = 0;
             for (const Pedido& p : pedidos) {
-                EXPECT_EQ(r.copias.value(p.numero), f.copias(p)) << p.numero.toStdString();
-                esperadas += f.copias(p);
+                EXPECT_EQ(r.copias.value(p.numero), f.debe(p)) << p.numero.toStdString();
+                esperadas += f.debe(p);
             }
             EXPECT_EQ(f.impresora.trabajos().size(), esperadas);
             EXPECT_EQ(r.sinNumero, 0);
@@ -338,6 +329,9 @@ protected:
 
     SimuladorPrueba sim;
     ImpresoraTcp mostrador, cocina, reparto;
+    const Destino destinos[3] = {{"Mostrador", mostrador, 2, -1, false},
+                                 {simulador::kImpresoraCocinaCaliente, cocina, 1, -1, true},
+                                 {"Reparto", reparto, 1, 3, false}};
     EscritorioPrueba desk;
     QList<Pedido> pedidos;
     QJsonObject estadoFinal;
