@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Sets up and runs every test: installs what is missing, builds, runs the whole suite,
-# then runs it again built with AddressSanitizer and UndefinedBehaviorSanitizer, and
-# checks that the fuzz targets build.
+# then runs it again built with AddressSanitizer and UndefinedBehaviorSanitizer, builds the
+# fuzz targets and runs each on its seeds for a minute.
 set -euo pipefail
 raiz="$(cd "$(dirname "$0")/.." && pwd)"
 cd "$raiz"
@@ -31,5 +31,12 @@ fi
 if ls fuzz/fuzz_*.cpp >/dev/null 2>&1; then
     echo "== objetivos de fuzzing"
     bash scripts/compilar.sh fuzz
+    # Each target on its seeds for a fixed time (TARVIMENTA_FUZZ_SEGUNDOS, 0 skips); a crash
+    # fails the run.
+    segundos_fuzz="${TARVIMENTA_FUZZ_SEGUNDOS:-60}"
+    if [ "$segundos_fuzz" != "0" ]; then
+        echo "== fuzzing (${segundos_fuzz} s por objetivo)"
+        bash scripts/fuzz.sh "$segundos_fuzz"
+    fi
 fi
 echo "== todo correcto"

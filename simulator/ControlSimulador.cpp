@@ -171,6 +171,9 @@ Respuesta AtenderControl(ServicioSimulado& servicio, const Peticion& peticion) {
         if (recurso == "fallos" && metodo == "POST") {
             return AnadirFallo(servicio, cuerpo);
         }
+        if (recurso == "azar") {
+            return AtenderAzar(servicio.Azar(), metodo, cuerpo);
+        }
         if (recurso == "fallos" && metodo == "DELETE") {
             servicio.QuitarFallos();
             return Hecho();

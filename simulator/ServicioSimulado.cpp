@@ -95,8 +95,9 @@ nlohmann::ordered_json ValorConTipo(const nlohmann::ordered_json& actual,
 ServicioSimulado::ServicioSimulado(Configuracion inicial) : configuracion_(std::move(inicial)) {}
 
 bool ServicioSimulado::TipoDeFalloValido(const std::string& tipo) {
-    static constexpr std::array<std::string_view, 7> tipos = {
-        "rechazar", "colgar", "error", "vacio", "basura", "status500", "titulo502"};
+    static constexpr std::array<std::string_view, 9> tipos = {"rechazar",  "colgar",  "error",
+                                                              "vacio",     "basura",  "status500",
+                                                              "titulo502", "http500", "cortado"};
     for (const auto t : tipos) {
         if (t == tipo) {
             return true;
@@ -148,6 +149,13 @@ Respuesta ServicioSimulado::Atender(const Peticion& peticion) {
                 ahora + std::chrono::duration_cast<std::chrono::steady_clock::duration>(margen),
                 fallo};
         }
+        if (fallo.Tipo == "cortado") {
+            // What this request would have taken stays queued for the next one.
+            const auto cola = colas_.find(ruta);
+            return FallosAlAzar::Cortada(cola != colas_.end() && !cola->second.empty()
+                                             ? cola->second.front()
+                                             : FallosAlAzar::LineaDeMuestra());
+        }
         return RespuestaDeFallo(fallo);
     }
     if (peticion.Https) {
@@ -181,7 +189,8 @@ bool ServicioSimulado::BuscarFallo(bool https, const std::string& ruta, Fallo& f
         }
         return true;
     }
-    return false;
+    fallo = Fallo{};
+    return !https && azar_.Sortear(ruta, fallo.Tipo, fallo.Segundos);
 }
 
 Respuesta ServicioSimulado::RespuestaDeFallo(const Fallo& fallo) const {
@@ -203,6 +212,10 @@ Respuesta ServicioSimulado::RespuestaDeFallo(const Fallo& fallo) const {
         r.Estado = 502;
         r.Tipo = "text/html";
         r.Cuerpo = PaginaError502();
+    } else if (fallo.Tipo == "http500") {
+        r.Estado = 500;
+        r.Tipo = "text/html";
+        r.Cuerpo = "<html><head><title>500 Internal Server Error</title></head></html>\r\n";
     }
     // "vacio": the empty body of a default answer.
     return r;

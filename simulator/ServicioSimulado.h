@@ -6,6 +6,7 @@
 #include "Actualizaciones.h"
 #include "CartaSimulada.h"
 #include "CategoriasSimuladas.h"
+#include "FallosAlAzar.h"
 #include "GeneradorPedidos.h"
 #include "ImpresionSimulada.h"
 #include "MensajesSimulados.h"
@@ -33,7 +34,8 @@ public:
     };
 
     struct Fallo {
-        std::string Tipo; // rechazar, colgar, error, vacio, basura, status500, titulo502
+        // rechazar, colgar, error, vacio, basura, status500, titulo502, http500, cortado
+        std::string Tipo;
         double Segundos = 0;
         int Veces = -1;   // -1: until cleared
         std::string Ruta; // empty: every path
@@ -93,6 +95,7 @@ public:
     nlohmann::json Impresion() const;
     void PonerEstadoPedido(const std::string& numero, int estado);
     void PonerEstadoMensaje(long id, int estado, const std::string& respuesta);
+    FallosAlAzar& Azar() { return azar_; }
 
 private:
     long long MsDesdeInicio() const;
@@ -135,6 +138,7 @@ private:
     CartaSimulada carta_;
     MensajesSimulados mensajes_;
     ImpresionSimulada impresion_;
+    FallosAlAzar azar_;
 };
 
 } // namespace simulador

@@ -10,6 +10,7 @@
 #include "platform/SenalesTerminacion.h"
 #include "printing/ImpresoraDWQt_ui.h"
 #include "printing/ImpresorasDWPdf_ui.h"
+#include "server/Pasarela.h"
 #include "shell/Form1.h"
 #include "shell/Icono_ui.h"
 #include "shell/LineaComandos.h"
@@ -63,6 +64,9 @@ int main(int argc, char** argv) {
     m.CarpetaDatos = linea.carpetaDatos;
     if (!linea.servidor.isEmpty()) {
         m.setServidor(linea.servidor);
+    }
+    if (linea.esperaRedMs > 0) {
+        m.pasarela().setEsperaRed(linea.esperaRedMs);
     }
     if (!linea.registroCajas.isEmpty()) {
         // A desk without a person in front of it (tests, demos): boxes are written to a file.

@@ -5,6 +5,8 @@
 #include "platform/CajaMensajes.h"
 #include "printing/RutasImpresion.h"
 
+#include <QStringDecoder>
+
 namespace respuesta_pedido {
 
 int MinutosDeBoton(int indice) {
@@ -77,10 +79,33 @@ TextosRechazo TextosRechazoSegunEstado(const QString& estado) {
                            "importe del pago realizado :)")};
 }
 
+namespace {
+
+// The reply's characters are its bytes: text is UTF-8 without control characters other than
+// blanks and line ends.
+bool EsTexto(const QString& respuesta) {
+    const QByteArray bytes = respuesta.toLatin1();
+    for (const char c : bytes) {
+        const auto b = static_cast<unsigned char>(c);
+        if (b < 0x20 && b != '\t' && b != '\r' && b != '\n') {
+            return false;
+        }
+    }
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    const QString texto = utf8(bytes);
+    return !utf8.hasError() && !texto.isNull();
+}
+
+} // namespace
+
 bool RespuestaNoTomada(const QString& respuesta) {
+    // Beyond the failure words: a page of whatever stands in front of the service (a server
+    // error, a proxy), and bytes that are no text, are no answer the service gave.
     return respuesta == QLatin1String("error") || respuesta.isEmpty() ||
            respuesta == QLatin1String(R"({"status":500})") ||
-           respuesta.contains(QLatin1String("<title>502"));
+           respuesta.contains(QLatin1String("<title>502")) ||
+           respuesta.contains(QLatin1String("<html"), Qt::CaseInsensitive) ||
+           respuesta.contains(QLatin1String("<title>"), Qt::CaseInsensitive) || !EsTexto(respuesta);
 }
 
 QString TextoAceptacionAutoNoTomada(const QString& numero) {

@@ -49,7 +49,8 @@ struct TextosRechazo {
 TextosRechazo TextosRechazoSegunEstado(const QString& estado);
 
 // Whether the service did not take an answer: the failure word "error", an empty body, a
-// server error ({"status":500}) or a proxy's "<title>502" page. Any other text is taken.
+// server error ({"status":500}), an HTML page (a proxy's "<title>502", a server's error
+// page), or bytes that are not text. Any other text is taken.
 bool RespuestaNoTomada(const QString& respuesta);
 
 // Sends the acceptance of UltimoIdPedido with TiempoEstimado as it stands and prints (before

@@ -42,8 +42,12 @@ RespuestaHttp CanalHttpQt::obtener(const QByteArray& url) {
         const QVariant estado = respuesta->attribute(QNetworkRequest::HttpStatusCodeAttribute);
         const bool cancelada = respuesta->error() == QNetworkReply::OperationCanceledError ||
                                respuesta->error() == QNetworkReply::TimeoutError;
-        r.conectado =
-            !cancelada && (respuesta->error() == QNetworkReply::NoError || estado.isValid());
+        // An HTTP status of an error passes its page on; a connection that broke after the
+        // headers gave only part of a body, which is a failed transfer, not an answer.
+        const bool redCaida = respuesta->error() != QNetworkReply::NoError &&
+                              respuesta->error() <= QNetworkReply::UnknownNetworkError;
+        r.conectado = !cancelada && !redCaida &&
+                      (respuesta->error() == QNetworkReply::NoError || estado.isValid());
         if (r.conectado) {
             r.cuerpo = respuesta->readAll();
         }

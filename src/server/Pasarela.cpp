@@ -23,9 +23,15 @@ private:
 
 } // namespace
 
-Pasarela::Pasarela(ModuloPrincipal& m)
-    : m_(m), directo_(std::make_unique<CanalHttpQt>("API-Guide test program")),
-      inet1_(std::make_unique<CanalHttpQt>()), inet2_(std::make_unique<CanalHttpQt>()) {}
+Pasarela::Pasarela(ModuloPrincipal& m) : m_(m) {
+    setEsperaRed(CanalHttpQt::EsperaPorDefectoMs);
+}
+
+void Pasarela::setEsperaRed(int ms) {
+    setCanales(std::make_unique<CanalHttpQt>("API-Guide test program", ms),
+               std::make_unique<CanalHttpQt>(QByteArray(), ms),
+               std::make_unique<CanalHttpQt>(QByteArray(), ms));
+}
 
 Pasarela::~Pasarela() = default;
 

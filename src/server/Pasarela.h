@@ -18,6 +18,8 @@ public:
 
     void setCanales(std::unique_ptr<CanalHttp> directo, std::unique_ptr<CanalHttp> inet1,
                     std::unique_ptr<CanalHttp> inet2);
+    // The real channels again, each waiting at most `ms` for an answer.
+    void setEsperaRed(int ms);
 
     QString ConsultarServidor(const QString& ruta);
     // Adds the cache buster to `url` (in place) and calls the transport chosen by Metcon.

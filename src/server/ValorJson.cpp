@@ -164,8 +164,9 @@ bool ValorJson::operator==(const ValorJson& otro) const {
 namespace {
 
 bool mismaClave(const QString& a, QStringView b) {
+    // An empty key may come as a null view: no bytes to compare, and memcmp must not see it.
     return a.size() == b.size() &&
-           (a.constData() == reinterpret_cast<const QChar*>(b.data()) ||
+           (b.isEmpty() || a.constData() == reinterpret_cast<const QChar*>(b.data()) ||
             std::memcmp(a.constData(), b.data(), static_cast<size_t>(b.size()) * 2) == 0);
 }
 

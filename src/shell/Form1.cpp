@@ -636,6 +636,10 @@ void Form1::ComprobarPedidosNuevos() {
         AceptarPedido();
         return;
     }
+    // A poll holds the road from its request to the end of what its reply brings: a tick that
+    // polled again while this one waits (or reads the configuration for its order) could take
+    // another order, leave its answer pending, and this order would then send that one's.
+    const OcupacionCamino ocupado(m_);
     if (sondeo_impresion::EsModoImpresion(m_.Modo)) {
         ComprobarPedidosImprimir();
         return;

@@ -20,6 +20,13 @@ QString valorOpcion(const QStringList& opciones, const QString& nombre) {
     return valor;
 }
 
+// Seconds as written ("0.5", "30") to milliseconds; 0 for anything out of range.
+int EsperaRedMs(const QString& texto) {
+    bool ok = false;
+    const double segundos = texto.toDouble(&ok);
+    return ok && segundos >= 0.1 && segundos <= 600 ? static_cast<int>(segundos * 1000) : 0;
+}
+
 QString carpetaPorDefecto(const QString& carpetaEjecutable) {
     // An installation for the whole system keeps no user's files in its own folder, even
     // when root, who may write there, starts it.
@@ -59,6 +66,9 @@ constexpr OpcionConocida kOpciones[] = {
      "una impresora de controlador NOMBRE, tras las del sistema, que escribe\n"
      "    cada ticket en un PDF (se puede repetir)"},
     {"carpeta-pdf", "CARPETA", "donde van esos PDF (por defecto, la carpeta de datos)"},
+    {"espera-red", "SEGUNDOS",
+     "cuánto espera cada petición la respuesta del servicio, de 0.1 a 600;\n"
+     "    fuera de eso, los 60 de siempre"},
     {"help", nullptr, "muestra esta ayuda y termina"},
     {"version", nullptr, "muestra la versión y termina"},
 };
@@ -173,6 +183,7 @@ LineaComandos LineaComandos::Leer(const QStringList& argumentos, const QProcessE
             l.impresorasPdf.append(o.mid(prefijoPdf.size()));
         }
     }
+    l.esperaRedMs = EsperaRedMs(valorOpcion(opciones, QStringLiteral("espera-red")));
     l.carpetaPdf = valorOpcion(opciones, QStringLiteral("carpeta-pdf"));
     if (l.carpetaPdf.isEmpty()) {
         l.carpetaPdf = l.carpetaDatos;

@@ -17,6 +17,7 @@
 //   shows
 //   --impresora-pdf=NOMBRE         a driver printer that writes PDF files (may be repeated)
 //   --carpeta-pdf=DIR              where those files go (the data folder by default)
+//   --espera-red=SEGUNDOS          how long a request waits for the service (60 by default)
 // What a command line asks for before anything starts: the desk, its help, its version, or
 // nothing (a mistake, told in `texto`, ends with exit code 2).
 struct PeticionLinea {
@@ -33,6 +34,7 @@ struct LineaComandos {
     QString volcado;
     QStringList impresorasPdf;
     QString carpetaPdf;
+    int esperaRedMs = 0; // 0: the channels' own default
     QStringList palabras;
     QStringList opciones; // the "--" options as given, handed on by the self-update
 

@@ -172,6 +172,25 @@ void SimuladorPrueba::quitarFallos() {
     control("DELETE", "fallos");
 }
 
+QJsonObject SimuladorPrueba::azar(double proporcion, quint64 semilla, double segundos,
+                                  const QStringList& tipos) {
+    QJsonObject cuerpo{{"proporcion", proporcion},
+                       {"semilla", static_cast<qint64>(semilla)},
+                       {"segundos", segundos}};
+    if (!tipos.isEmpty()) {
+        cuerpo["tipos"] = QJsonArray::fromStringList(tipos);
+    }
+    return control("PUT", "azar", cuerpo);
+}
+
+QJsonObject SimuladorPrueba::estadoAzar() {
+    return control("GET", "azar");
+}
+
+QJsonObject SimuladorPrueba::pararAzar() {
+    return control("DELETE", "azar");
+}
+
 void SimuladorPrueba::configurar(qint64 id, const QString& password, int numconfig,
                                  const QJsonObject& documento) {
     control("PUT", "configuracion",

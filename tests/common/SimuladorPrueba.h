@@ -45,12 +45,20 @@ public:
     void limpiarRegistro();
     void encolar(const QString& ruta, const QStringList& cuerpos);
     void vaciarRespuestas();
-    // tipo: rechazar, colgar, error, vacio, basura, status500, titulo502. veces < 0: until
+    // tipo: rechazar, colgar, error, vacio, basura, status500, titulo502, http500 (status 500),
+    // cortado (half the reply, then a reset; a queued reply stays queued). veces < 0: until
     // cleared. ruta empty: every path (and, for rechazar/colgar, https attempts). One time
     // of rechazar/colgar is one failure as a Qt client sees it: the resend that Qt makes
     // by itself meets the same fault for free and shows as `reenvio` in the record.
     void fallo(const QString& tipo, double segundos = 0, int veces = -1, const QString& ruta = {});
     void quitarFallos();
+    // Faults at random: `proporcion` of the requests fail, each of a kind drawn from `tipos`
+    // (empty: every kind), hangs lasting `segundos`. The counts since then: {"peticiones",
+    // "fallos":{kind: n}}; pararAzar stops drawing and keeps them.
+    QJsonObject azar(double proporcion, quint64 semilla, double segundos = 0,
+                     const QStringList& tipos = {});
+    QJsonObject estadoAzar();
+    QJsonObject pararAzar();
     void configurar(qint64 id, const QString& password, int numconfig,
                     const QJsonObject& documento);
     void configurarTexto(qint64 id, const QString& password, int numconfig,

@@ -132,7 +132,11 @@ TEST(RespuestaNoTomada, SoloLoQueNoEsUnaRespuestaDelServicio) {
         {QStringLiteral("Pedido ya respondido"), false},
         {QStringLiteral(R"({"status":5000})"), false},
         {QStringLiteral("Error"), false},
-        {QStringLiteral("<title>503"), false},
+        {QStringLiteral("<HTML><TITLE>503 Service Unavailable</TITLE></HTML>"), true},
+        {QStringLiteral("<title>500 Internal Server Error</title>"), true},
+        {QString::fromLatin1("\xff\x80\xfe\x90"), true},
+        {QStringLiteral("OK\x01"), true},
+        {QString::fromLatin1("OK \xc3\xb1\r\n"), false}, // "ñ" in UTF-8 is text
     };
     for (const auto& c : casos) {
         EXPECT_EQ(respuesta_pedido::RespuestaNoTomada(c.respuesta), c.noTomada)

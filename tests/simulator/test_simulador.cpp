@@ -23,6 +23,10 @@ QByteArray Cuerpo(SimuladorPrueba& sim, const QByteArray& objetivo) {
     return r.cuerpo;
 }
 
+QByteArray Poll(SimuladorPrueba& sim) {
+    return Cuerpo(sim, "/api/pedidosgprs/pedidosnuevos?restid=7&password=p&numconfig=1");
+}
+
 bool EsUtf8(const QByteArray& bytes) {
     QStringDecoder decodificador(QStringDecoder::Utf8);
     const QString texto = decodificador(bytes);
@@ -63,6 +67,14 @@ TEST(Simulador, CadaFalloTalComoLoVeUnClienteQt) {
              EXPECT_GE(cabeza, 0);
              EXPECT_GT(titulo, cabeza);
              EXPECT_LT(titulo, v.cuerpo.indexOf("</head>"));
+         }},
+        {"http500", 0, [](const Visto& v) { EXPECT_EQ(v.estado, 500); }},
+        {"cortado", 0,
+         [](const Visto& v) {
+             // Half an order line arrives and the connection ends before the rest; whether
+             // the client calls that an error depends on when it notices the reset.
+             EXPECT_TRUE(v.cuerpo.startsWith("#PED*")) << v.cuerpo.toStdString();
+             EXPECT_FALSE(v.cuerpo.endsWith('#'));
          }},
         {"basura", 0,
          [](const Visto& v) {
@@ -108,6 +120,51 @@ TEST(Simulador, CadaFalloTalComoLoVeUnClienteQt) {
         EXPECT_EQ(siguiente.error, QNetworkReply::NoError);
         EXPECT_EQ(siguiente.cuerpo, "estadoapertura:Abierto");
     }
+}
+
+TEST(Simulador, FallosAlAzarCuentanYNoSeLlevanLoEncolado) {
+    SimuladorPrueba sim;
+    ASSERT_TRUE(sim.enMarcha());
+    const QString linea = sim.generarPedidos(1, 5, QStringLiteral("domicilio"))[0]
+                              .toObject()[QStringLiteral("linea")]
+                              .toString();
+    // Every request fails, cut in its middle: the order stays queued for the next poll.
+    sim.azar(1.0, 3, 0, {QStringLiteral("cortado")});
+    const QByteArray entera = linea.toUtf8();
+    for (int i = 0; i < 3; ++i) {
+        bool cerrada = false;
+        const QByteArray crudo = sim.enviarCrudo(
+            "GET /api/pedidosgprs/pedidosnuevos?i=1 HTTP/1.1\r\nHost: h\r\n\r\n", 5000, &cerrada);
+        EXPECT_TRUE(cerrada);
+        EXPECT_TRUE(crudo.contains("Content-Length: " + QByteArray::number(entera.size())));
+        EXPECT_TRUE(crudo.endsWith(entera.left(entera.size() / 2))) << crudo.toStdString();
+    }
+    // A proportion of 0 only counts; a half of the requests fail with the same seed.
+    sim.azar(0.0, 3);
+    EXPECT_EQ(Poll(sim), entera);
+    EXPECT_EQ(Poll(sim), "estadoapertura:Abierto");
+    sim.peticion("GET", "/api/establecimiento/carta2?id=7");
+    QJsonObject estado = sim.estadoAzar();
+    EXPECT_EQ(estado["porRuta"].toObject()["pedidosgprs/pedidosnuevos"].toInt(), 2);
+    EXPECT_EQ(estado["peticiones"].toInt(), 3);
+    EXPECT_TRUE(estado["fallos"].toObject().isEmpty());
+
+    sim.azar(0.5, 11, 0, {QStringLiteral("error"), QStringLiteral("vacio")});
+    int errores = 0;
+    int vacios = 0;
+    for (int i = 0; i < 200; ++i) {
+        const QByteArray c = Poll(sim);
+        errores += c == "error" ? 1 : 0;
+        vacios += c.isEmpty() ? 1 : 0;
+    }
+    estado = sim.pararAzar();
+    EXPECT_EQ(estado["fallos"].toObject()["error"].toInt(), errores);
+    EXPECT_EQ(estado["fallos"].toObject()["vacio"].toInt(), vacios);
+    EXPECT_GT(errores + vacios, 70);
+    EXPECT_LT(errores + vacios, 130);
+    // Stopped: nothing fails and nothing more is counted.
+    EXPECT_EQ(Poll(sim), "estadoapertura:Abierto");
+    EXPECT_EQ(sim.estadoAzar()["peticiones"].toInt(), 200);
 }
 
 TEST(Simulador, CredencialesDeLaConfiguracion) {
