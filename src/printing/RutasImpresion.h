@@ -26,8 +26,7 @@ struct CopiasSinImprimir {
     QString error;
 };
 CopiasSinImprimir ImprimirEnImpresoraDW(ModuloPrincipal& m, const ClassConfigImpresora& impresora,
-                                        int copias,
-                                        const std::function<void(ImpresoraDW&)>& copia);
+                                        int copias, const std::function<void(ImpresoraDW&)>& copia);
 
 // PedidoActual on this one printer, `copias` times, by its mode and kind. A driver printer is
 // made current by its name first (the current one stays when the name isn't there). A failed
