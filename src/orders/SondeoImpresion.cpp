@@ -59,7 +59,9 @@ void ImprimirPedidoAceptado(ModuloPrincipal& m, QString respuesta) {
                                   false);
     }
     m.UltPedIm = AnadirImpreso(m.UltPedIm, m.UltimoIdPedido);
-    GuardarUltPedIm(m);
+    // Nobody may be at the counter: a write that fails is a lasting line, not a box that
+    // stops the printing, and the list in memory still keeps this order from a second print.
+    GuardarAvisando(m, QStringLiteral("ultpedim.txt"), GuardarUltPedIm);
 }
 
 } // namespace sondeo_impresion

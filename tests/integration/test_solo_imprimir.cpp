@@ -21,6 +21,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QRegularExpression>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -177,11 +178,14 @@ struct VigilanciaSimulada : ::testing::Test {
     std::shared_ptr<ReproductorGrabador::Registro> sonido =
         std::make_shared<ReproductorGrabador::Registro>();
     std::unique_ptr<Form1> f;
+    RegistroCajas* cajas = nullptr;
     static constexpr int kIntervalo = 300;
 
     void SetUp() override {
         ASSERT_TRUE(sim.enMarcha());
-        m.setCajas(std::make_unique<RegistroCajas>());
+        auto registro = std::make_unique<RegistroCajas>();
+        cajas = registro.get();
+        m.setCajas(std::move(registro));
         m.setServidor(sim.base());
         m.CarpetaDatos = carpeta.path();
         m.CarpetaAplicacion = QStringLiteral(CARPETA_BIN);
@@ -291,4 +295,28 @@ TEST_F(VigilanciaSimulada, UnPedidoRespondidoEnOtroSitioCierraSusVentanasYSeVuel
             << q.toStdString();
     }
     EXPECT_EQ(Cuantas(sim, QStringLiteral("pedidosgprs/respuestapedidos")), 0);
+}
+
+TEST_F(VigilanciaSimulada, UnUltpedimQueNoSePuedeEscribirEsUnAvisoYLaListaSigueEnMemoria) {
+    ASSERT_TRUE(QDir(carpeta.path()).mkdir(QStringLiteral("ultpedim.txt")));
+    ASSERT_EQ(sim.peticion("POST", "/__control/imprimir",
+                           Json({{"cantidad", 2}, {"semilla", 9}, {"clase", "domicilio"}}))
+                  .estado,
+              200);
+    QSignalSpy avisos(&m, &ModuloPrincipal::avisoArchivos);
+    m.Modo = 1;
+    f->ComprobarPedidosNuevos();
+    const QString primero = m.UltimoIdPedido;
+    ASSERT_FALSE(primero.isEmpty());
+    f->ComprobarPedidosNuevos();
+    EXPECT_TRUE(cajas->cajas().isEmpty());
+    ASSERT_FALSE(avisos.isEmpty());
+    EXPECT_TRUE(avisos.last()[0].toString().startsWith(
+        QStringLiteral("No se ha podido guardar ultpedim.txt (")))
+        << avisos.last()[0].toString().toStdString();
+    // The second poll still tells the service the first order is printed.
+    const QStringList listas = Consultas(sim, kImprimir);
+    ASSERT_EQ(listas.size(), 2);
+    EXPECT_TRUE(listas[1].endsWith(QStringLiteral("=") + primero)) << listas[1].toStdString();
+    EXPECT_NE(m.UltimoIdPedido, primero);
 }
