@@ -58,21 +58,12 @@ void ImprimirCancelacionEP(ModuloPrincipal& m, const ClassConfigImpresora& impre
             return;
         }
         EscritorTicketEP t(m, canal, imp);
-        t.abrir();
-        t.comando(imp.EPComInicializar);
-        t.comando(imp.EPComConfigCaracteres);
-        if (imp.NumLineasBlancoInicio > 0) {
-            t.normal();
-            t.lineasEnBlanco(imp.NumLineasBlancoInicio);
-        }
+        t.principio();
         t.fechaYHora();
         t.grande();
         t.lineaTexto(TextoAviso(m));
         t.normal();
-        t.lineasEnBlanco(imp.NumLineasBlancoFinal);
-        t.comando(imp.EPComSubirLineas);
-        t.comando(imp.EPComSubirYCotarPapel);
-        t.comando(imp.EPComExtrasFin);
+        t.pie();
     });
 }
 

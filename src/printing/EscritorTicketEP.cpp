@@ -62,6 +62,23 @@ void EscritorTicketEP::abrir() {
     canal_.Abrir(imp_.EPConexion);
 }
 
+void EscritorTicketEP::principio() {
+    abrir();
+    comando(imp_.EPComInicializar);
+    comando(imp_.EPComConfigCaracteres);
+    if (imp_.NumLineasBlancoInicio > 0) {
+        normal();
+        lineasEnBlanco(imp_.NumLineasBlancoInicio);
+    }
+}
+
+void EscritorTicketEP::pie() {
+    lineasEnBlanco(imp_.NumLineasBlancoFinal);
+    comando(imp_.EPComSubirLineas);
+    comando(imp_.EPComSubirYCotarPapel);
+    comando(imp_.EPComExtrasFin);
+}
+
 void EscritorTicketEP::fechaYHora() {
     const QDateTime ahora = m_.reloj().ahora();
     lineaTexto(ahora.date().toString(QStringLiteral("dd/MM/yyyy")) + u' ' +

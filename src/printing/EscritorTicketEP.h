@@ -33,6 +33,10 @@ public:
     // own when it doesn't fit. `r` is the room left on the head's last line.
     void cabezaYPrecio(const QString& cabeza, const QString& precio, int r, int w);
     void abrir();
+    // The port opened, the printer reset, its characters set and its blank lines on top.
+    void principio();
+    // The blank lines at the foot, the feed, the cut and the closing extras.
+    void pie();
     void fechaYHora();
     QString partir(const QString& texto, bool grande) const;
 

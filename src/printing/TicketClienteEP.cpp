@@ -79,13 +79,7 @@ void escribirTicket(ModuloPrincipal& m, CanalEP& canal, ClassConfigImpresora& im
     Pedido& p = m.PedidoActual;
     EscritorTicketEP t(m, canal, imp);
 
-    t.abrir();
-    t.comando(imp.EPComInicializar);
-    t.comando(imp.EPComConfigCaracteres);
-    if (imp.NumLineasBlancoInicio > 0) {
-        t.normal();
-        t.lineasEnBlanco(imp.NumLineasBlancoInicio);
-    }
+    t.principio();
     t.grande();
     t.linea(m.NombreEstablecimiento);
     t.normal();
@@ -185,10 +179,7 @@ void escribirTicket(ModuloPrincipal& m, CanalEP& canal, ClassConfigImpresora& im
     t.normal();
     t.separador();
     t.linea(m.TextoPiePagina);
-    t.lineasEnBlanco(imp.NumLineasBlancoFinal);
-    t.comando(imp.EPComSubirLineas);
-    t.comando(imp.EPComSubirYCotarPapel);
-    t.comando(imp.EPComExtrasFin);
+    t.pie();
 }
 
 } // namespace

@@ -133,13 +133,7 @@ private:
 
     void cabecera() {
         cabeceraHecha_ = true;
-        t_.abrir();
-        t_.comando(imp_.EPComInicializar);
-        t_.comando(imp_.EPComConfigCaracteres);
-        if (imp_.NumLineasBlancoInicio > 0) {
-            t_.normal();
-            t_.lineasEnBlanco(imp_.NumLineasBlancoInicio);
-        }
+        t_.principio();
         if (imp_.MostrarNombreImpresora) {
             if (imp_.NombreImpresoraGrande) {
                 t_.grande();
@@ -206,10 +200,7 @@ private:
             t_.lineaTexto(HoraEntregaEstimada(p_));
         }
         t_.normal();
-        t_.lineasEnBlanco(imp_.NumLineasBlancoFinal);
-        t_.comando(imp_.EPComSubirLineas);
-        t_.comando(imp_.EPComSubirYCotarPapel);
-        t_.comando(imp_.EPComExtrasFin);
+        t_.pie();
     }
 
     Pedido& p_;

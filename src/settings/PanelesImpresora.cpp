@@ -143,14 +143,13 @@ QString InicioRutaCompartida(const QString& equipo) {
     return QStringLiteral("\\\\") + equipo + QStringLiteral("\\");
 }
 
-ClassConfigImpresora RegistroDePrueba(const PanelImpresora& p) {
-    ClassConfigImpresora r;
+namespace {
+
+// The raw frame's port and commands, as the test page and the save both take them.
+void ValoresEP(ClassConfigImpresora& r, const PanelImpresora& p) {
     r.TipoImpresion = QStringLiteral("EP");
-    r.NombreImpresora = p.Nombre;
-    r.ReemplazarCaracEsp = p.ReempCEsp;
-    r.ReemplazarCaracEscPosPC858 = p.PC858;
-    r.EPConexion = p.Conexion;
     r.EPNumColumnas = clasico::CInt(p.NColumnas);
+    r.EPConexion = p.Conexion;
     r.EPComInicializar = p.Inicializar;
     r.EPComConfigCaracteres = p.ConfigCaracteres;
     r.EPComDobleAltoActivar = p.ActDobleAlto;
@@ -158,18 +157,15 @@ ClassConfigImpresora RegistroDePrueba(const PanelImpresora& p) {
     r.EPComSubirYCotarPapel = p.CortarPapel;
     r.EPComSubirLineas = p.SubirLineas;
     r.EPComExtrasFin = p.ExtrasFin;
-    return r;
 }
 
-ClassConfigImpresora RegistroDePruebaDW(const PanelImpresora& p,
-                                        const ClassConfigImpresora& guardado) {
-    ClassConfigImpresora r;
+// The driver frame's page and fonts; the separator is the slot's saved one (the panel has
+// no field for it), or the driver's default.
+void ValoresDW(ClassConfigImpresora& r, const PanelImpresora& p, const QString& separador,
+               qint16 tamannoSeparador) {
     r.TipoImpresion = QStringLiteral("DW");
-    r.NombreImpresora = p.Nombre;
-    r.SeparadorLineas =
-        guardado.SeparadorLineas.isEmpty() ? kSeparadorDW : guardado.SeparadorLineas;
-    r.TamannoFuenteSeparador =
-        guardado.TamannoFuenteSeparador == 0 ? qint16(4) : guardado.TamannoFuenteSeparador;
+    r.SeparadorLineas = separador.isEmpty() ? kSeparadorDW : separador;
+    r.TamannoFuenteSeparador = tamannoSeparador == 0 ? qint16(4) : tamannoSeparador;
     r.AnchoPapel = clasico::CInt(p.AnchoPapel);
     r.Font = p.Fuente;
     r.FactorFuente = clasico::CDec(p.FactorFuente).aDouble();
@@ -178,6 +174,24 @@ ClassConfigImpresora RegistroDePruebaDW(const PanelImpresora& p,
     r.MargenEntreLineas = clasico::CInt(p.MargenLineas);
     r.InicioX = clasico::CInt(p.InicioX);
     r.InicioY = clasico::CInt(p.InicioY);
+}
+
+} // namespace
+
+ClassConfigImpresora RegistroDePrueba(const PanelImpresora& p) {
+    ClassConfigImpresora r;
+    ValoresEP(r, p);
+    r.NombreImpresora = p.Nombre;
+    r.ReemplazarCaracEsp = p.ReempCEsp;
+    r.ReemplazarCaracEscPosPC858 = p.PC858;
+    return r;
+}
+
+ClassConfigImpresora RegistroDePruebaDW(const PanelImpresora& p,
+                                        const ClassConfigImpresora& guardado) {
+    ClassConfigImpresora r;
+    ValoresDW(r, p, guardado.SeparadorLineas, guardado.TamannoFuenteSeparador);
+    r.NombreImpresora = p.Nombre;
     return r;
 }
 
@@ -285,34 +299,14 @@ bool GuardarImpresoras(ModuloPrincipal& m, const PanelesImpresora& paneles) {
             r.Cocina = true;
         }
         if (p.OpcionDW) {
-            r.TipoImpresion = QStringLiteral("DW");
-            r.SeparadorLineas = separador.isEmpty() ? kSeparadorDW : separador;
-            r.TamannoFuenteSeparador = tamannoSeparador == 0 ? qint16(4) : tamannoSeparador;
-            r.AnchoPapel = clasico::CInt(p.AnchoPapel);
-            r.Font = p.Fuente;
-            r.FactorFuente = clasico::CDec(p.FactorFuente).aDouble();
-            r.TamannoFuentePequenna = clasico::CInt(p.TamannoFuentePeque);
-            r.TamannoFuenteGrande = clasico::CInt(p.TamannoFuenteGrande);
-            r.MargenEntreLineas = clasico::CInt(p.MargenLineas);
-            r.InicioX = clasico::CInt(p.InicioX);
-            r.InicioY = clasico::CInt(p.InicioY);
+            ValoresDW(r, p, separador, tamannoSeparador);
         } else {
-            r.TipoImpresion = QStringLiteral("EP");
-            const qint16 columnas = clasico::CInt(p.NColumnas);
-            if (columnas < 0) {
+            ValoresEP(r, p);
+            if (r.EPNumColumnas < 0) {
                 throw ErrorEjecucion(ErrorEjecucion::ArgumentoNoValido);
             }
             const QChar marca = separador.isEmpty() ? QLatin1Char('-') : separador.at(0);
-            r.SeparadorLineas = QString(columnas, marca);
-            r.EPConexion = p.Conexion;
-            r.EPNumColumnas = columnas;
-            r.EPComInicializar = p.Inicializar;
-            r.EPComConfigCaracteres = p.ConfigCaracteres;
-            r.EPComDobleAltoActivar = p.ActDobleAlto;
-            r.EPComDobleAltoDesact = p.DesactDobleAlto;
-            r.EPComSubirYCotarPapel = p.CortarPapel;
-            r.EPComSubirLineas = p.SubirLineas;
-            r.EPComExtrasFin = p.ExtrasFin;
+            r.SeparadorLineas = QString(r.EPNumColumnas, marca);
         }
         m.ConsultarServidor(PeticionActualizar(m, slot));
     }
