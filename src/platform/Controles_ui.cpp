@@ -42,6 +42,7 @@ void PonerColorTexto(QWidget* control, const QColor& color) {
     QPalette p = control->palette();
     p.setColor(QPalette::WindowText, color);
     p.setColor(QPalette::Text, color);
+    p.setColor(QPalette::ButtonText, color);
     control->setPalette(p);
 }
 

@@ -6,6 +6,7 @@
 #include "platform/EjecucionProtegida.h"
 #include "printing/TicketsSinImprimir.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -22,7 +23,9 @@ void FormTicketsSinImprimir::PrepararBoton(ModuloPrincipal& m, QPushButton* boto
     const auto ponerTexto = [&m, boton] {
         const qsizetype n = m.ticketsSinImprimir().cantidad();
         boton->setText(TextoBoton(n));
-        PonerColorTexto(boton, n > 0 ? QColor(Qt::red) : boton->palette().color(QPalette::Text));
+        // Back to the style's own colour once the list is empty (the button's palette is red).
+        PonerColorTexto(boton, n > 0 ? QColor(Qt::red)
+                                     : QApplication::palette(boton).color(QPalette::ButtonText));
     };
     ponerTexto();
     connect(&m.ticketsSinImprimir(), &TicketsSinImprimir::cambiada, boton, ponerTexto);
@@ -118,6 +121,8 @@ void FormTicketsSinImprimir::rellenar() {
         for (int col = 0; col < 4; ++col) {
             lista_->setItem(i, col, new QTableWidgetItem(celdas[col]));
         }
+        // A printer's error is often longer than the column: the whole text under the pointer.
+        lista_->item(i, 3)->setToolTip(c.error);
     }
     lista_->resizeColumnsToContents();
     lista_->horizontalHeader()->setStretchLastSection(true);

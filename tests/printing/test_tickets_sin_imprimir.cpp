@@ -1,9 +1,11 @@
 // The list of copies to print again survives a restart whole, and a file that can't be read
 // is put aside instead of being taken for a list or overwritten.
 #include "common/EscritorioPruebaEP.h"
+#include "printing/FormTicketsSinImprimir.h"
 #include "printing/TicketsSinImprimir.h"
 
 #include <QFile>
+#include <QPushButton>
 #include <QTemporaryDir>
 
 namespace {
@@ -53,6 +55,24 @@ TEST_F(ListaSinImprimir, SobreviveAlReinicioYApartaUnFicheroIlegible) {
         EXPECT_EQ(t.pedido.HoraAceptacion, m.PedidoActual.HoraAceptacion);
         EXPECT_EQ(t.pedido.Cliente, m.PedidoActual.Cliente);
     }
+}
+
+// The main window's button counts the copies and stays red while there are any.
+TEST_F(ListaSinImprimir, ElBotonCuentaLasCopiasEnRojoYVuelveAlColorNormal) {
+    QPushButton boton;
+    FormTicketsSinImprimir::PrepararBoton(m, &boton);
+    const QColor normal = boton.palette().color(QPalette::ButtonText);
+    ASSERT_NE(normal, QColor(Qt::red));
+    pedidoDomicilio();
+    for (const qsizetype n : {1, 2}) {
+        m.ticketsSinImprimir().anotar({m.PedidoActual, 1, "Barra", m.reloj().ahora(), "apagada"});
+        EXPECT_EQ(boton.text(), QStringLiteral("Tickets sin imprimir (%1)").arg(n));
+        EXPECT_EQ(boton.palette().color(QPalette::ButtonText), QColor(Qt::red));
+    }
+    m.ticketsSinImprimir().quitar(1);
+    m.ticketsSinImprimir().quitar(0);
+    EXPECT_EQ(boton.text(), QStringLiteral("Tickets sin imprimir"));
+    EXPECT_EQ(boton.palette().color(QPalette::ButtonText), normal);
 }
 
 } // namespace
