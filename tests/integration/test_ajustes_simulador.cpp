@@ -7,7 +7,6 @@
 #include "settings/FormCategoriasCocina.h"
 #include "settings/FormImpresoras.h"
 
-#include <QLineEdit>
 #include <QPushButton>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -24,11 +23,6 @@ template <typename T> T* de(QWidget* ventana, const char* nombre, int slot) {
     }
     ADD_FAILURE() << nombre << " " << slot;
     return nullptr;
-}
-
-// The query as the service saw it, without the time stamp that ends every request.
-QString sinMarca(const QString& consulta) {
-    return consulta.left(consulta.lastIndexOf(QStringLiteral("&fha=")));
 }
 
 struct AjustesSimulador : MostradorSimulado {
@@ -76,7 +70,7 @@ TEST_F(AjustesSimulador, UnaImpresoraPuestaEnLaVentanaImprimeSinReiniciar) {
             registro[i].consulta.contains(QStringLiteral("&numeroimpresora=%1").arg(i + 1)));
     }
     EXPECT_EQ(registro[10].ruta, QStringLiteral("pedidosgprs/obtenerConfiguracionV2"));
-    EXPECT_EQ(sinMarca(registro[1].consulta),
+    EXPECT_EQ(sim.consultas(QStringLiteral("pedidosgprs/actualizarConfigImpresora")).value(1),
               LineasDatos(QStringLiteral("peticion_impresora_ep.txt"))
                   .join(QString())
                   .replace(QStringLiteral("@CONEXION"), conexion));

@@ -9,9 +9,6 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QJsonObject>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
 

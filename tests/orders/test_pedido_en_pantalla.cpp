@@ -1,29 +1,20 @@
 // The desk in this process against the stand-in service over loopback: an order arrives
 // on a poll and goes on screen.
-#include "base/ModuloPrincipal.h"
 #include "common/DatosEsperados.h"
 #include "common/Entorno.h"
 #include "common/EscritorioPrueba.h"
 #include "common/ImprimirQString.h"
 #include "common/MostradorSimulado.h"
-#include "common/ReproductorGrabador.h"
-#include "common/SimuladorPrueba.h"
 #include "orders/FormPedidoNuevo.h"
 #include "orders/RegistroPedido.h"
 #include "orders/VentanaPedido_ui.h"
 #include "platform/Controles_ui.h"
-#include "platform/Temporizador.h"
-#include "shell/Form1.h"
 #include "sound/AlertaSonora.h"
 
 #include <QAction>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QTreeWidget>
-#include <gtest/gtest.h>
 
 namespace {
 
@@ -60,18 +51,7 @@ struct Escritorio : MostradorSimulado {
         return w;
     }
     QString texto(const char* nombre, QWidget* en = nullptr) {
-        QWidget* w = control(nombre, en);
-        if (auto* l = qobject_cast<QLabel*>(w)) {
-            return l->text();
-        }
-        if (auto* e = qobject_cast<QLineEdit*>(w)) {
-            return e->text();
-        }
-        if (auto* t = qobject_cast<QPlainTextEdit*>(w)) {
-            return t->toPlainText();
-        }
-        ADD_FAILURE() << nombre;
-        return {};
+        return TextoControl(control(nombre, en));
     }
     // Each control named shows its text; a row per control.
     void textos(std::initializer_list<std::pair<const char*, const char*>> esperados,

@@ -102,13 +102,7 @@ struct Instalacion : ::testing::Test {
         return r;
     }
 
-    int Peticiones(const QString& ruta) {
-        int n = 0;
-        for (const auto& e : sim.registro()) {
-            n += e.ruta == ruta ? 1 : 0;
-        }
-        return n;
-    }
+    int Peticiones(const QString& ruta) { return static_cast<int>(sim.consultas(ruta).size()); }
 
     // A desk restarted by the updater runs on its own: stop it through its lock's owner.
     void PararEscritorioReiniciado() {
