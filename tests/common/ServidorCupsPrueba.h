@@ -10,6 +10,7 @@
 #include <QTemporaryDir>
 #include <cups/cups.h>
 #include <functional>
+#include <sys/stat.h>
 #include <unistd.h>
 
 class ServidorCupsPrueba {

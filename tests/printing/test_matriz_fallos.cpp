@@ -148,7 +148,11 @@ struct ColaDelSistema : Averia {
         QFile f(ruta);
         EsperarHasta([&] { return f.size() > 0; }, 10000);
         if (!driver) {
-            return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+            // A raw copy goes through the print system untouched: the printer's own commands
+            // at both ends, not a filter's output.
+            const QByteArray copia = f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+            EXPECT_TRUE(copia.startsWith(esperado::INI) && copia.contains(esperado::CORTE));
+            return copia;
         }
         QProcess p;
         p.start("pdftotext", {ruta, "-"});
