@@ -199,12 +199,7 @@ TEST(CifradoAjustes, IdaYVuelta) {
 
 TEST(CifradoAjustes, ParesQueNoSonNumeros) {
     auto error = [](const QString& t) {
-        try {
-            DescifrarAjuste(t, ModuloPrincipal::ClaveAjustes);
-        } catch (const ErrorEjecucion& e) {
-            return e.numero();
-        }
-        return 0;
+        return numeroDeError([&] { DescifrarAjuste(t, ModuloPrincipal::ClaveAjustes); });
     };
     EXPECT_EQ(error(QStringLiteral("5CZZ")), 13);
     EXPECT_EQ(error(QStringLiteral("G1")), 13);

@@ -68,10 +68,6 @@ TEST(CabeceraMensaje, PorRemitenteYClase) {
 
 struct VentanaMensaje : MostradorSimulado {
     FormMensajeNuevo& v() { return f->mensajes().formMensajeNuevo(); }
-    void llega(const QString& json) {
-        sim.encolar(QStringLiteral("pedidosgprs/pedidosnuevos"), {json});
-        f->ComprobarPedidosNuevos();
-    }
 };
 
 TEST_F(VentanaMensaje, LaRespuestaEscritaDecideQueBotonSirve) {

@@ -9,7 +9,6 @@
 #include "printing/RutasImpresion.h"
 
 #include <QHash>
-#include <gtest/gtest.h>
 
 namespace {
 
