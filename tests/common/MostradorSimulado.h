@@ -62,6 +62,13 @@ struct MostradorSimulado : ::testing::Test {
         f->TimerMusica().setEnabled(false);
     }
 
+    // How many times the melody started and stopped.
+    int reproducciones() const { return cuantas(QStringLiteral("reproducir ")); }
+    int detenciones() const { return cuantas(QStringLiteral("detener ")); }
+    int cuantas(const QString& llamada) const {
+        return static_cast<int>(sonido->llamadas.filter(llamada).size());
+    }
+
     // An order line on the next poll, and the poll.
     void llega(const QString& linea) {
         sim.encolar(QStringLiteral("pedidosgprs/pedidosnuevos"), {linea});

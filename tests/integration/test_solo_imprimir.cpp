@@ -4,16 +4,17 @@
 #include "common/Esperar.h"
 #include "common/ImpresoraEPDeSerie.h"
 #include "common/MostradorSimulado.h"
+#include "messages/FormMensajeNuevo.h"
 #include "messages/Mensajes_ui.h"
+#include "orders/FormPedidoNuevo.h"
+#include "orders/FormRechazarPedido.h"
 #include "orders/RespuestasPedido_ui.h"
 #include "server/ValorJson.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QRegularExpression>
 
 namespace {
 
@@ -35,15 +36,6 @@ int Cuantas(SimuladorPrueba& sim, const QString& ruta) {
 
 QByteArray Json(const QJsonObject& o) {
     return QJsonDocument(o).toJson(QJsonDocument::Compact);
-}
-
-bool Visible(const char* nombre) {
-    for (QWidget* w : QApplication::topLevelWidgets()) {
-        if (w->objectName() == QLatin1String(nombre) && w->isVisible()) {
-            return true;
-        }
-    }
-    return false;
 }
 
 // The desk in this process, bound to establishment 7, with no printers.
@@ -121,16 +113,16 @@ TEST_F(VigilanciaSimulada, UnMensajeSoloAbreVentanaEnModo2YLoCierraUnaRespuestaD
         f->ComprobarPedidosNuevos();
         const bool ventana = modo == 2;
         EXPECT_EQ(m.MensajeNuevoPendiente, ventana) << modo;
-        EXPECT_EQ(Visible("FormMensajeNuevo"), ventana) << modo;
+        EXPECT_EQ(f->mensajes().formMensajeNuevo().isVisible(), ventana) << modo;
         EXPECT_EQ(f->TimerPedidos().enabled(), !ventana) << modo;
     }
     // No poll while the message waits ("#1;#" from the watch).
     ASSERT_TRUE(EsperarHasta([&] { return Cuantas(sim, estado) >= 2; }, 3000));
-    EXPECT_TRUE(Visible("FormMensajeNuevo"));
+    EXPECT_TRUE(f->mensajes().formMensajeNuevo().isVisible());
     EXPECT_EQ(Cuantas(sim, kImprimir), 2);
 
     ponerEstado({{"mensaje", id}, {"estado", 2}, {"respuesta", "Contestado por teléfono"}});
-    ASSERT_TRUE(EsperarHasta([&] { return !Visible("FormMensajeNuevo"); }, 3000));
+    ASSERT_TRUE(EsperarHasta([&] { return !f->mensajes().formMensajeNuevo().isVisible(); }, 3000));
     EXPECT_FALSE(m.MensajeNuevoPendiente);
     EXPECT_EQ(m.MensajeActual->Item(QStringLiteral("respuesta")).aTexto(),
               QStringLiteral("Contestado por teléfono"));
@@ -150,21 +142,19 @@ TEST_F(VigilanciaSimulada, UnPedidoRespondidoEnOtroSitioCierraSusVentanasYSeVuel
     const QString numero =
         sim.generarPedidos(1, 3, QStringLiteral("domicilio"))[0].toObject()["numero"].toString();
     f->ComprobarPedidosNuevos();
-    ASSERT_TRUE(Visible("FormPedidoNuevo"));
+    ASSERT_TRUE(f->formPedidoNuevo().isVisible());
     ASSERT_TRUE(sonido->llamadas.last().startsWith(QStringLiteral("reproducir")));
     // Rejecting silences the melody for a minute; the settled order must end that minute too.
     f->respuestasPedido().PulsarRechazar();
-    ASSERT_TRUE(Visible("FormRechazarPedido"));
-    const auto detenciones = [&] {
-        return sonido->llamadas.filter(QRegularExpression(QStringLiteral("^detener"))).size();
-    };
+    const FormRechazarPedido& rechazo = f->respuestasPedido().formRechazarPedido();
+    ASSERT_TRUE(rechazo.isVisible());
     const auto antes = detenciones();
     auto& silenciar = *f->findChild<Temporizador*>(QStringLiteral("TimerSilenciar"));
     ASSERT_TRUE(silenciar.enabled());
 
     // "#1#": still pending, nothing moves.
     ASSERT_TRUE(EsperarHasta([&] { return Cuantas(sim, estado) >= 2; }, 3000));
-    EXPECT_TRUE(Visible("FormRechazarPedido"));
+    EXPECT_TRUE(rechazo.isVisible());
     EXPECT_TRUE(m.PedidoNuevoPendiente);
     EXPECT_FALSE(f->TimerPedidos().enabled());
     EXPECT_TRUE(silenciar.enabled());
@@ -172,8 +162,8 @@ TEST_F(VigilanciaSimulada, UnPedidoRespondidoEnOtroSitioCierraSusVentanasYSeVuel
 
     // "#2#": both windows go, the sound stops, and the next poll follows within one interval.
     ponerEstado({{"pedido", numero}, {"estado", 2}});
-    ASSERT_TRUE(EsperarHasta([&] { return !Visible("FormRechazarPedido"); }, 3000));
-    EXPECT_FALSE(Visible("FormPedidoNuevo"));
+    ASSERT_TRUE(EsperarHasta([&] { return !rechazo.isVisible(); }, 3000));
+    EXPECT_FALSE(f->formPedidoNuevo().isVisible());
     EXPECT_FALSE(m.PedidoNuevoPendiente);
     EXPECT_FALSE(f->TimerPedActualizado().enabled());
     EXPECT_EQ(detenciones(), antes + 1);

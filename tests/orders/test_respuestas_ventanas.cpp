@@ -72,9 +72,6 @@ struct Respuestas : MostradorSimulado {
     // The queries of every answer sent, without the stamp.
     QStringList respuestas() { return sim.consultas(kRespuesta); }
     int tickets() const { return captura.cierres(QStringLiteral("mostrador")); }
-    int detenciones() const {
-        return static_cast<int>(sonido->llamadas.filter(QStringLiteral("detener ")).size());
-    }
 };
 
 } // namespace
