@@ -6,17 +6,6 @@
 #include <QProcessEnvironment>
 #include <QTest>
 
-bool EsperarHasta(const std::function<bool()>& condicion, int msMax) {
-    QDeadlineTimer limite(msMax);
-    while (!condicion()) {
-        if (limite.hasExpired()) {
-            return false;
-        }
-        QTest::qWait(20);
-    }
-    return true;
-}
-
 EscritorioPrueba::EscritorioPrueba(QString carpeta) : carpeta_(std::move(carpeta)) {
     if (carpeta_.isEmpty()) {
         carpeta_ = propia_.path();

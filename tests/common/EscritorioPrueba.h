@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/Esperar.h"
+
 #include <QColor>
 #include <QMap>
 #include <QProcess>
@@ -55,6 +57,3 @@ private:
     QString registroCajas_;
     QProcess proceso_;
 };
-
-// Waits, bounded, for a condition while the event loop runs.
-bool EsperarHasta(const std::function<bool()>& condicion, int msMax);

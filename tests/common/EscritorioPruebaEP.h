@@ -7,6 +7,7 @@
 #include "base/Pedido.h"
 #include "base/Windows1252.h"
 #include "common/CapturaEP.h"
+#include "common/Esperar.h"
 #include "common/ImpresoraEPDeSerie.h"
 #include "platform/CajaMensajes.h"
 #include "platform/Reloj.h"

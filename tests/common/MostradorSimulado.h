@@ -7,9 +7,27 @@
 #include "platform/Temporizador.h"
 #include "shell/Form1.h"
 
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <memory>
+
+// The text a label or a text field of an order window shows.
+inline QString TextoControl(QWidget* w) {
+    if (auto* l = qobject_cast<QLabel*>(w)) {
+        return l->text();
+    }
+    if (auto* e = qobject_cast<QLineEdit*>(w)) {
+        return e->text();
+    }
+    if (auto* t = qobject_cast<QPlainTextEdit*>(w)) {
+        return t->toPlainText();
+    }
+    ADD_FAILURE() << (w ? w->objectName().toStdString() : "no control");
+    return {};
+}
 
 // The desk in this process against the stand-in service over loopback: boxes recorded, sound
 // going to a recorder, polls and the melody's repeat driven by hand.
@@ -42,6 +60,13 @@ struct MostradorSimulado : ::testing::Test {
         InstalarGrabadores(m.sonido(), sonido);
         f->AplicarConfiguracion();
         f->TimerMusica().setEnabled(false);
+    }
+
+    // How many times the melody started and stopped.
+    int reproducciones() const { return cuantas(QStringLiteral("reproducir ")); }
+    int detenciones() const { return cuantas(QStringLiteral("detener ")); }
+    int cuantas(const QString& llamada) const {
+        return static_cast<int>(sonido->llamadas.filter(llamada).size());
     }
 
     // An order line on the next poll, and the poll.

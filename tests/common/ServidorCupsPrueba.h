@@ -2,15 +2,15 @@
 
 // A private print server for the tests (root only): its own folders and socket, the system's
 // filters, and one raw queue whose back end writes each job to a file of out/.
-#include <QCoreApplication>
+#include "common/Esperar.h"
+
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <QThread>
 #include <cups/cups.h>
 #include <functional>
+#include <sys/stat.h>
 #include <unistd.h>
 
 class ServidorCupsPrueba {
@@ -69,18 +69,16 @@ public:
         cupsd_.start("/usr/sbin/cupsd",
                      {"-f", "-c", raiz + "/cupsd.conf", "-s", raiz + "/cups-files.conf"});
         if (!cupsd_.waitForStarted(5000) ||
-            !esperar([this] { return QFile::exists(socket); }, 10000)) {
+            !EsperarHasta([this] { return QFile::exists(socket); }, 10000)) {
             return QStringLiteral("cupsd didn't open its socket");
         }
         qputenv("CUPS_SERVER", socket.toLocal8Bit());
         cupsSetServer(socket.toLocal8Bit().constData());
-        if (!crearCola()) {
+        if (lp("lpadmin", {"-p", Cola, "-E", "-v", "archivo:/"}) != 0) {
             return QStringLiteral("lpadmin could not make the queue");
         }
         return {};
     }
-
-    bool crearCola() { return lp("lpadmin", {"-p", Cola, "-E", "-v", "archivo:/"}) == 0; }
 
     void parar() {
         if (cupsd_.state() != QProcess::NotRunning) {
@@ -109,16 +107,6 @@ public:
     // The jobs the back end has written, in order.
     QStringList trabajos() const {
         return QDir(raiz + "/out").entryList({"trabajo-*.pdf"}, QDir::Files, QDir::Name);
-    }
-
-    static bool esperar(const std::function<bool()>& condicion, int ms) {
-        QElapsedTimer reloj;
-        reloj.start();
-        while (!condicion() && reloj.elapsed() < ms) {
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-            QThread::msleep(20);
-        }
-        return condicion();
     }
 
     static bool escribir(const QString& ruta, const QString& texto) {

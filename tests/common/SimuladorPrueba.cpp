@@ -133,6 +133,16 @@ QJsonObject SimuladorPrueba::control(const QByteArray& metodo, const QByteArray&
     return QJsonDocument::fromJson(controlCrudo(metodo, recurso, datos)).object();
 }
 
+QStringList SimuladorPrueba::consultas(const QString& ruta) {
+    QStringList r;
+    for (const Entrada& e : registro()) {
+        if (e.ruta == ruta && !e.reenvio) {
+            r << e.consulta.left(e.consulta.indexOf(QStringLiteral("&fha=")));
+        }
+    }
+    return r;
+}
+
 QList<SimuladorPrueba::Entrada> SimuladorPrueba::registro() {
     QList<Entrada> lista;
     const auto documento = QJsonDocument::fromJson(controlCrudo("GET", "registro", {}));

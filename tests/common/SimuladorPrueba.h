@@ -42,6 +42,9 @@ public:
     qint64 pid() const { return proceso_.processId(); }
 
     QList<Entrada> registro();
+    // The queries that went to `ruta`, in order, without the cache stamp and without the
+    // client's own resends.
+    QStringList consultas(const QString& ruta);
     void limpiarRegistro();
     void encolar(const QString& ruta, const QStringList& cuerpos);
     void vaciarRespuestas();

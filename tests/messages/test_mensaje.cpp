@@ -1,15 +1,12 @@
 // What a message window shows and how its controls answer, without the wire: the order
 // frame's caption, the heading by sender, the answer box's rules, silencing, and the
 // last-message button before any message.
-#include "base/ModuloPrincipal.h"
 #include "base/Pedido.h"
 #include "common/MostradorSimulado.h"
 #include "messages/FormMensajeNuevo.h"
 #include "messages/Mensaje.h"
 #include "messages/Mensajes_ui.h"
 
-#include <QLabel>
-#include <QPlainTextEdit>
 #include <QPushButton>
 
 namespace {
@@ -71,10 +68,6 @@ TEST(CabeceraMensaje, PorRemitenteYClase) {
 
 struct VentanaMensaje : MostradorSimulado {
     FormMensajeNuevo& v() { return f->mensajes().formMensajeNuevo(); }
-    void llega(const QString& json) {
-        sim.encolar(QStringLiteral("pedidosgprs/pedidosnuevos"), {json});
-        f->ComprobarPedidosNuevos();
-    }
 };
 
 TEST_F(VentanaMensaje, LaRespuestaEscritaDecideQueBotonSirve) {

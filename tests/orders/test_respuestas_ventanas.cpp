@@ -1,32 +1,23 @@
 // Answering an order by hand, as the staff do, against the stand-in service over loopback.
 // The service records queries as they came over the wire: blanks as %20, others raw.
-#include "base/ModuloPrincipal.h"
 #include "common/CapturaEP.h"
 #include "common/DatosEsperados.h"
 #include "common/MostradorSimulado.h"
-#include "common/ReproductorGrabador.h"
-#include "common/SimuladorPrueba.h"
 #include "orders/FormAceptarPedido.h"
 #include "orders/FormPedidoNuevo.h"
 #include "orders/FormRechazarPedido.h"
 #include "orders/RespuestaPedido.h"
 #include "orders/RespuestasPedido_ui.h"
-#include "platform/CajaMensajes.h"
-#include "platform/Temporizador.h"
 #include "products/FormProductosRechazarIngredientes.h"
 #include "products/ListaProductos_ui.h"
-#include "shell/Form1.h"
 #include "sound/AlertaSonora.h"
 
 #include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
 #include <QLoggingCategory>
 #include <QMetaEnum>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
-#include <gtest/gtest.h>
 
 namespace rp = respuesta_pedido;
 
@@ -79,19 +70,8 @@ struct Respuestas : MostradorSimulado {
         QTest::mouseClick(b, Qt::LeftButton);
     }
     // The queries of every answer sent, without the stamp.
-    QStringList respuestas() {
-        QStringList r;
-        for (const auto& e : sim.registro()) {
-            if (e.ruta == kRespuesta && !e.reenvio) {
-                r << e.consulta.left(e.consulta.indexOf(QStringLiteral("&fha=")));
-            }
-        }
-        return r;
-    }
+    QStringList respuestas() { return sim.consultas(kRespuesta); }
     int tickets() const { return captura.cierres(QStringLiteral("mostrador")); }
-    int detenciones() const {
-        return static_cast<int>(sonido->llamadas.filter(QStringLiteral("detener ")).size());
-    }
 };
 
 } // namespace
@@ -116,14 +96,11 @@ TEST_F(Respuestas, AceptarConMinutosResponde20YVuelveASondear) {
     EXPECT_FALSE(minutos().isVisible());
     EXPECT_FALSE(nuevo().isVisible());
     EXPECT_FALSE(m.PedidoNuevoPendiente);
-    EXPECT_FALSE(minutos().Respondiendo);
+    // (The answer's state and tickets are the answer road's unit test.)
     EXPECT_TRUE(f->TimerPedidos().enabled());
     EXPECT_FALSE(nuevo().TimerSilenciar().enabled());
     EXPECT_GT(detenciones(), detenidoAntes);
-    EXPECT_EQ(m.PedidoActual.Estado, QStringLiteral("Aceptado"));
-    EXPECT_EQ(m.PedidoActual.TiempoEstimado, QStringLiteral("20"));
     EXPECT_EQ(tickets(), 2);
-    EXPECT_TRUE(cajas->cajas().isEmpty());
 
     // The poll timer alone brings the next order up.
     sim.encolar(kPoll, {kEfectivo});
@@ -235,26 +212,6 @@ TEST_F(Respuestas, SinIngredientesPasaPorLaListaDeProductos) {
     EXPECT_EQ(productos->topLevelItem(0)->checkState(0), Qt::Unchecked);
     EXPECT_TRUE(respuestas().isEmpty());
 
-    // Ticking marks it on the service at once.
-    m.IdEstablecimiento = 7;
-    m.PasswordConfig = QStringLiteral("clave");
-    m.NumConfig = 1;
-    productos->esperaTrasMarcarMs = 0;
-    productos->topLevelItem(0)->setCheckState(0, Qt::Checked);
-    ASSERT_TRUE(QTest::qWaitFor(
-        [&] {
-            for (const auto& e : sim.registro()) {
-                if (e.ruta == QLatin1String("pedidosgprs/marcarDesmarcarProductoAgotado")) {
-                    return e.consulta.contains(QLatin1String("&idProducto=501&agotado=s"));
-                }
-            }
-            return false;
-        },
-        5000));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !productos->MarcandoProducto; }, 5000));
-    EXPECT_EQ(f->listaAgotados().topLevelItemCount(), 1);
-    EXPECT_TRUE(cajas->cajas().isEmpty());
-
     pulsar(&lista, "butCerrar");
     EXPECT_FALSE(lista.isVisible());
     EXPECT_TRUE(rechazo().isVisible());
@@ -266,57 +223,6 @@ TEST_F(Respuestas, SinIngredientesPasaPorLaListaDeProductos) {
                                         "ingredientes.&dt=nousado&u=nousado&p=pg7"});
     EXPECT_FALSE(lista.isVisible());
     EXPECT_FALSE(m.PedidoNuevoPendiente);
-}
-
-TEST_F(Respuestas, CancelarUnPedidoAceptadoAvisaYContestaAlMensaje) {
-    // A past order, accepted and paid, with a customer message waiting.
-    llega(kDomicilio);
-    pulsar(&nuevo(), "Aceptar");
-    QTest::mouseClick(minutos().AceptarMinutos(1), Qt::LeftButton);
-    ASSERT_EQ(m.PedidoActual.Estado, QStringLiteral("Aceptado"));
-    m.MensajeNuevoPendiente = true;
-    int avisos = 0;
-    QStringList mensajes;
-    r().ImprimirCancelacion = [&] {
-        ++avisos;
-        EXPECT_EQ(m.PedidoActual.Estado, QStringLiteral("Rechazado"));
-    };
-    r().ResponderMensaje = [&](const QString& t) { mensajes << t; };
-
-    FormRechazarPedido& v = rechazo();
-    v.show();
-    v.comMotivoRechazo()->setCurrentIndex(1);
-    v.txtMasInfoRechazo()->setText(QStringLiteral("Horno roto"));
-    const int ticketsAntes = tickets();
-    pulsar(&v, "butRechazar");
-    EXPECT_EQ(respuestas().last(), QStringLiteral("a=41&o=5001&ak=Rejected&m=Cerrado%20por%20hoy%20"
-                                                  "Horno%20roto&dt=nousado&u=nousado&p=pg7"));
-    EXPECT_EQ(tickets(), ticketsAntes + 1);
-    EXPECT_EQ(avisos, 1);
-    EXPECT_FALSE(m.MensajeNuevoPendiente);
-    EXPECT_EQ(mensajes, QStringList{"Se ha cancelado el pedido y se ha devuelto el importe del "
-                                    "pago. Horno roto"});
-    ASSERT_EQ(cajas->cajas().size(), 1);
-    EXPECT_EQ(cajas->cajas()[0].texto, rp::CanceladoPagado);
-    EXPECT_FALSE(v.isVisible());
-}
-
-TEST_F(Respuestas, LaAceptacionAutomaticaRespondeEImprimeSinVentanaNiSonido) {
-    m.AceptarAutoDomicilio = 30;
-    llega(kDomicilio);
-    EXPECT_EQ(respuestas(),
-              QStringList{"a=41&o=5001&ak=Accepted&m=30_Minutos&dt=nousado&u=nousado&p=pg7"});
-    EXPECT_EQ(tickets(), 2);
-    EXPECT_FALSE(m.PedidoNuevoPendiente);
-    EXPECT_FALSE(nuevo().isVisible());
-    EXPECT_TRUE(sonido->llamadas.filter(QStringLiteral("reproducir ")).isEmpty());
-    EXPECT_TRUE(f->TimerPedidos().enabled());
-
-    // A pick-up order follows its own setting (0): on screen.
-    llega(kProgramado);
-    EXPECT_EQ(respuestas().size(), 1);
-    EXPECT_TRUE(m.PedidoNuevoPendiente);
-    EXPECT_TRUE(nuevo().isVisible());
 }
 
 // At the counter the keyboard alone answers: Enter accepts (or presses the focused button),

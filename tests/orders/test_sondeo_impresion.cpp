@@ -1,3 +1,4 @@
+#include "common/DatosEsperados.h"
 #include "orders/SondeoImpresion.h"
 #include "orders/VigilanciaEstado.h"
 
@@ -37,42 +38,20 @@ TEST(SondeoImpresion, LaListaVaDelMasNuevoAlMasAntiguoYGuardaVeinte) {
 }
 
 TEST(VigilanciaEstado, DosOMasEsRespondidoYLoDemasSigueEsperando) {
-    const struct {
-        const char* respuesta;
-        bool resuelto;
-    } pedidos[] = {
-        {"#2#", true},
-        {"#7#", true},
-        {"# 2 #", true},
-        {"#1,5#", true}, // rounds to 2
-        {"#1#", false},
-        {"#0#", false},
-        {"#-3#", false},
-        {"#x#", false},
-        {"##", false},
-        {"2", false},
-        {"", false},
-        {"error", false},
-        {"#99999999999999999999999999999999#", false}, // no status: no failure either
-    };
-    for (const auto& c : pedidos) {
-        EXPECT_EQ(vigilancia::PedidoResuelto(QString::fromUtf8(c.respuesta)), c.resuelto)
-            << c.respuesta;
-    }
-    const struct {
-        const char* respuesta;
-        std::optional<QString> contestado;
-    } mensajes[] = {
-        {"#2;Ya va en camino#", QStringLiteral("Ya va en camino")},
-        {"#3;#", QString()},
-        {"#2#", QString()},                  // no answer piece: settled all the same
-        {"#2;Ã±am#", QStringLiteral("ñam")}, // repaired as any reply
-        {"#1;#", std::nullopt},
-        {"#x;hola#", std::nullopt},
-        {"2;hola", std::nullopt},
-    };
-    for (const auto& c : mensajes) {
-        EXPECT_EQ(vigilancia::MensajeResuelto(QString::fromUtf8(c.respuesta)), c.contestado)
-            << c.respuesta;
+    const QStringList filas = LineasDatos(QStringLiteral("vigilancia_estado.txt"));
+    ASSERT_EQ(filas.size(), 20);
+    for (const QString& fila : filas) {
+        const QStringList c = fila.split(u'|');
+        ASSERT_EQ(c.size(), 3) << fila.toStdString();
+        const QString respuesta = c[1].trimmed();
+        const QString esperado = c[2].trimmed();
+        if (c[0].trimmed() == u"pedido") {
+            EXPECT_EQ(vigilancia::PedidoResuelto(respuesta), esperado == u"1")
+                << fila.toStdString();
+        } else {
+            EXPECT_EQ(vigilancia::MensajeResuelto(respuesta),
+                      esperado == u"-" ? std::nullopt : std::optional<QString>(esperado))
+                << fila.toStdString();
+        }
     }
 }

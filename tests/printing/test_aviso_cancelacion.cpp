@@ -28,68 +28,38 @@ protected:
     }
 };
 
-struct Caso {
-    const char* nombre;
-    const char* impresora;
-    const char* categorias;
-    const char* excepciones;
-    const char* extras;
-    int formaEnvio;
-    bool recogida; // the order is picked up
-    bool cocina;
-    int copias; // accepted and rejected copies
-    bool avisa;
-};
-
-void PrintTo(const Caso& c, std::ostream* os) {
-    *os << c.nombre;
-}
-
-// Which kitchens get a notice of the order above; none of them ever gets two.
-const Caso kCasos[] = {
-    {"SuCategoria", "Cocina", "3", "", "", 0, false, true, 1, true},
-    {"OtraCategoria", "Cocina", "5,6", "", "", 0, false, true, 1, false},
-    {"TodasLasCategorias", "Cocina", "", "", "", 0, false, true, 1, true},
-    {"UnaOpcionLaNombra", "Freidora", "5", "", "", 0, false, true, 1, true},
-    {"LasOpcionesSeSaltanLaCategoria", "Cocina", "9", "", "", 0, false, true, 1, false},
-    {"ExceptuadoAunqueSeaDeSuCategoria", "Cocina", "3", "10", "", 0, false, true, 1, false},
-    {"ProductoExtra", "Cocina", "5", "", "7", 0, false, true, 1, true},
-    {"SoloDomicilioConUnaRecogida", "Cocina", "3", "", "", 1, true, true, 1, false},
-    {"SoloRecogidasConUnDomicilio", "Cocina", "3", "", "", 2, false, true, 1, false},
-    {"SoloRecogidasConUnaRecogida", "Cocina", "3", "", "", 2, true, true, 1, true},
-    {"NoEsCocinaAunqueImprimaDosCopias", "Cocina", "3", "", "", 0, false, false, 2, false},
-    {"TresCopiasDanUnAviso", "Cocina", "3", "", "", 0, false, true, 3, true},
-};
-
-class QueCocina : public AvisoCancelacion, public ::testing::WithParamInterface<Caso> {};
-
 } // namespace
 
-TEST_P(QueCocina, RecibeElAvisoUnaVezONadaEnAbsoluto) {
-    const Caso& c = GetParam();
-    ClassConfigImpresora i = cocina(c.impresora, c.categorias);
-    i.EPConexion = "cocina";
-    i.ProductosExcepIds = c.excepciones;
-    i.ProductosIds = c.extras;
-    i.FormaEnvio = c.formaEnvio;
-    i.Cocina = c.cocina;
-    i.NumeroCopiasAceptado = i.NumeroCopiasRechazado = static_cast<qint16>(c.copias);
-    if (c.recogida) {
-        m.PedidoActual.FormaEntrega = "Recogen";
+// Which kitchens get a notice of the order above, a line of the data file each; none of them
+// ever gets two, and a kitchen left out never has its port opened.
+TEST_F(AvisoCancelacion, CadaCocinaRecibeElAvisoUnaVezONadaEnAbsoluto) {
+    const QString domicilio = m.PedidoActual.FormaEntrega;
+    const QStringList filas = LineasDatos(QStringLiteral("aviso_cancelacion_cocinas.txt"));
+    ASSERT_EQ(filas.size(), 12);
+    for (const QString& fila : filas) {
+        SCOPED_TRACE(fila.toStdString());
+        QStringList c = fila.split(u'|');
+        ASSERT_EQ(c.size(), 10);
+        for (QString& campo : c) {
+            campo = campo.trimmed();
+        }
+        ClassConfigImpresora i = cocina(c[1], c[2]);
+        i.EPConexion = "cocina";
+        i.ProductosExcepIds = c[3];
+        i.ProductosIds = c[4];
+        i.FormaEnvio = static_cast<decltype(i.FormaEnvio)>(c[5].toInt());
+        i.Cocina = c[7] == u"1";
+        i.NumeroCopiasAceptado = i.NumeroCopiasRechazado = static_cast<qint16>(c[8].toInt());
+        m.PedidoActual.FormaEntrega = c[6] == u"1" ? QStringLiteral("Recogen") : domicilio;
+        m.Impresora(2) = i;
+        captura.limpiar();
+        ImprimirCancelacion(m);
+        EXPECT_EQ(captura.aperturas("cocina"), c[9] == u"1" ? 1 : 0);
+        EXPECT_EQ(captura.bytes("cocina").contains("SE HA CANCELADO EL PEDIDO 1234\n"),
+                  c[9] == u"1");
+        EXPECT_TRUE(boxes().isEmpty());
     }
-    m.Impresora(2) = i;
-    ImprimirCancelacion(m);
-    if (c.avisa) {
-        EXPECT_EQ(captura.aperturas("cocina"), 1);
-        EXPECT_TRUE(captura.bytes("cocina").contains("SE HA CANCELADO EL PEDIDO 1234\n"));
-    } else {
-        EXPECT_EQ(captura.aperturas("cocina"), 0) << "the port is never opened";
-    }
-    EXPECT_TRUE(boxes().isEmpty());
 }
-
-INSTANTIATE_TEST_SUITE_P(Casos, QueCocina, ::testing::ValuesIn(kCasos),
-                         [](const auto& info) { return std::string(info.param.nombre); });
 
 TEST_F(AvisoCancelacion, BytesConLineasEnBlancoYPC858) {
     ClassConfigImpresora i = cocina("Cocina", "3");

@@ -65,19 +65,6 @@ TEST_F(CanalDestinos, TcpUnaConexionPorCopia) {
     EXPECT_TRUE(boxes().isEmpty());
 }
 
-TEST_F(CanalDestinos, TcpSinNadieEscuchandoEsPuertoInexistente) {
-    quint16 puerto = 0;
-    {
-        QTcpServer cerrado;
-        ASSERT_TRUE(cerrado.listen(QHostAddress::LocalHost, 0));
-        puerto = cerrado.serverPort();
-    }
-    ImprimirTicketEP(m, impresoraEP("Terraza", "127.0.0.1:" + QString::number(puerto)));
-    ASSERT_EQ(boxes().size(), 1);
-    EXPECT_EQ(boxes()[0].texto, u"La conexión indicada para la impresora Terraza no se "
-                                u"corresponde con ningún puerto de impresora."_qs);
-}
-
 TEST_F(CanalDestinos, FicheroSeEscribeDesdeCero) {
     QTemporaryDir dir;
     ASSERT_TRUE(dir.isValid());

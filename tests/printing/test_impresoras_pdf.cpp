@@ -1,15 +1,13 @@
 // A driver printer that exists only as PDF files: chosen by its name beside the system's
-// printers, one file per document, and an order routed to it prints without a box.
+// printers, one file per document.
 #include "common/EscritorioPruebaEP.h"
 #include "common/ImpresoraDWGrabadora.h"
-#include "impresora_dw_prueba.h"
 #include "printing/ImpresorasDWPdf_ui.h"
 #include "printing/RutasImpresion.h"
 #include "shell/LineaComandos.h"
 
 #include <QProcess>
 #include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 namespace {
 
@@ -35,7 +33,6 @@ struct ImpresorasPdf : EscritorioPrueba {
             std::move(s), QStringList{"Impresora caja", "Terraza"}, carpeta.path() + "/tickets");
         impresoras = i.get();
         m.setImpresorasDW(std::move(i));
-        pedidoDomicilio();
     }
 };
 
@@ -63,23 +60,6 @@ TEST_F(ImpresorasPdf, SeEligenPorNombreYCadaDocumentoEsUnFichero) {
     impresoras->Printer().Imprimir(QStringLiteral("en Caja"));
     EXPECT_EQ(sistema->de("Caja").textos(), QStringList{"en Caja"});
     EXPECT_EQ(impresoras->ficheros().size(), 2);
-}
-
-TEST_F(ImpresorasPdf, UnPedidoAceptadoSaleEnPdfSinCaja) {
-    m.Impresora(1) = impresoraDW(QStringLiteral("Impresora caja"));
-    m.Impresora(1).NumeroCopiasAceptado = 2;
-    ImprimirPedidoSegunEstado(m, QStringLiteral("Aceptado"), m.PedidoActual.FormaEntrega, true,
-                              false);
-    for (const auto& c : boxes()) {
-        ADD_FAILURE() << c.texto.toStdString();
-    }
-    const QStringList ficheros = impresoras->ficheros();
-    ASSERT_EQ(ficheros.size(), 2);
-    for (const QString& f : ficheros) {
-        const QString texto = textoPdf(f);
-        EXPECT_TRUE(texto.contains(QStringLiteral("1234"))) << texto.toStdString();
-        EXPECT_TRUE(texto.contains(QStringLiteral("Pizza Margarita"))) << texto.toStdString();
-    }
 }
 
 TEST(LineaComandosPdf, VariasImpresorasYSuCarpeta) {

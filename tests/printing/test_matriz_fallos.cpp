@@ -1,7 +1,7 @@
-// Every way a printer can fail, on slot 1 of a desk whose slot 2 is a healthy network
-// printer: the failure's box within its time bound, the other printer's copy, the copy kept
-// for printing again; then the printer comes back, the next order prints on it and the kept
-// copy prints again. The print-system rows run against a private print server (root only).
+// Every way a network or print-system printer can fail, on slot 1 of a desk whose slot 2 is a
+// healthy network printer: the failure's box within its time bound, the other printer's copy, the
+// copy kept for printing again; then the printer comes back, the next order prints on it and the
+// kept copy prints again. The print-system rows run against a private print server (root only).
 #include "common/EscritorioPruebaEP.h"
 #include "common/ImpresoraTcp.h"
 #include "common/ServidorCupsPrueba.h"
@@ -14,10 +14,7 @@
 
 #include <QElapsedTimer>
 #include <QFile>
-#include <QTemporaryDir>
-#include <fcntl.h>
 #include <iostream>
-#include <pty.h>
 
 namespace {
 
@@ -56,31 +53,26 @@ struct TcpRechazada : Averia {
     QByteArray siguienteCopia() override { return ultimoTrabajo(*vuelta, vistos++); }
 };
 
-// A host that does not answer: its connection queue is full, so the desk's call is dropped
-// the way a switched-off printer's is, and only the desk's own time limit ends the wait.
-struct TcpSinRespuesta : TcpRechazada {
-    int escucha = ::socket(AF_INET, SOCK_STREAM, 0);
-    int relleno = ::socket(AF_INET, SOCK_STREAM, 0);
-    TcpSinRespuesta() {
-        sockaddr_in dir{};
-        dir.sin_family = AF_INET;
-        dir.sin_port = htons(puerto);
-        dir.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+// A socket listening on loopback `puerto` with a connection queue of `cola`; a receive
+// buffer of `bufer` bytes when not 0. The fault's own sockets close with it.
+struct Escucha : TcpRechazada {
+    std::vector<int> fds{::socket(AF_INET, SOCK_STREAM, 0)};
+    sockaddr_in dir{AF_INET, htons(puerto), {htonl(INADDR_LOOPBACK)}, {}};
+    Escucha(int cola, int bufer) {
         const int si = 1;
-        ::setsockopt(escucha, SOL_SOCKET, SO_REUSEADDR, &si, sizeof si);
-        const bool lista = ::bind(escucha, reinterpret_cast<sockaddr*>(&dir), sizeof dir) == 0 &&
-                           ::listen(escucha, 0) == 0 &&
-                           ::connect(relleno, reinterpret_cast<sockaddr*>(&dir), sizeof dir) == 0;
-        EXPECT_TRUE(lista);
-    }
-    ~TcpSinRespuesta() override { cerrar(); }
-    void cerrar() {
-        for (int* fd : {&relleno, &escucha}) {
-            if (*fd >= 0) {
-                ::close(*fd);
-                *fd = -1;
-            }
+        ::setsockopt(fds[0], SOL_SOCKET, SO_REUSEADDR, &si, sizeof si);
+        if (bufer > 0) {
+            ::setsockopt(fds[0], SOL_SOCKET, SO_RCVBUF, &bufer, sizeof bufer);
         }
+        EXPECT_TRUE(::bind(fds[0], reinterpret_cast<sockaddr*>(&dir), sizeof dir) == 0 &&
+                    ::listen(fds[0], cola) == 0);
+    }
+    ~Escucha() override { cerrar(); }
+    virtual void cerrar() {
+        for (int fd : fds) {
+            ::close(fd);
+        }
+        fds.clear();
     }
     void volver() override {
         cerrar();
@@ -88,24 +80,22 @@ struct TcpSinRespuesta : TcpRechazada {
     }
 };
 
+// A host that does not answer: its connection queue is full, so the desk's call is dropped
+// the way a switched-off printer's is, and only the desk's own time limit ends the wait.
+struct TcpSinRespuesta : Escucha {
+    TcpSinRespuesta() : Escucha(0, 0) {
+        fds.push_back(::socket(AF_INET, SOCK_STREAM, 0));
+        EXPECT_EQ(::connect(fds[1], reinterpret_cast<sockaddr*>(&dir), sizeof dir), 0);
+    }
+};
+
 // A printer that takes the connection and the start of the ticket, then reads no more (out
 // of paper, jammed): its window stays shut and the rest of the copy never leaves the desk.
-struct TcpAtascada : TcpRechazada {
-    int escucha = ::socket(AF_INET, SOCK_STREAM, 0);
+struct TcpAtascada : Escucha {
     std::atomic<bool> parar{false};
     std::thread hilo;
-    TcpAtascada() {
-        const int si = 1;
-        const int minimo = 1;
-        ::setsockopt(escucha, SOL_SOCKET, SO_REUSEADDR, &si, sizeof si);
-        ::setsockopt(escucha, SOL_SOCKET, SO_RCVBUF, &minimo, sizeof minimo);
-        sockaddr_in dir{};
-        dir.sin_family = AF_INET;
-        dir.sin_port = htons(puerto);
-        dir.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        EXPECT_TRUE(::bind(escucha, reinterpret_cast<sockaddr*>(&dir), sizeof dir) == 0 &&
-                    ::listen(escucha, 4) == 0);
-        hilo = std::thread([this] {
+    TcpAtascada() : Escucha(4, 1) {
+        hilo = std::thread([this, escucha = fds[0]] {
             int conexion = -1;
             while (!parar) {
                 pollfd p{escucha, POLLIN, 0};
@@ -122,82 +112,12 @@ struct TcpAtascada : TcpRechazada {
         });
     }
     ~TcpAtascada() override { cerrar(); }
-    void cerrar() {
+    void cerrar() override {
         parar = true;
         if (hilo.joinable()) {
             hilo.join();
         }
-        if (escucha >= 0) {
-            ::close(escucha);
-            escucha = -1;
-        }
-    }
-    void volver() override {
-        cerrar();
-        TcpRechazada::volver();
-    }
-};
-
-// A line printer device that is not there (unplugged), then is.
-struct DispositivoQueFalta : Averia {
-    QTemporaryDir dir{"/dev/shm/tarvimenta-XXXXXX"};
-    QString ruta = dir.filePath("lp0");
-    ClassConfigImpresora impresora() override { return ImpresoraEPDeSerie("Barra", ruta); }
-    void volver() override {
-        QFile f(ruta);
-        EXPECT_TRUE(f.open(QIODevice::WriteOnly));
-    }
-    QByteArray siguienteCopia() override {
-        QFile f(ruta);
-        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-    }
-};
-
-// A serial adapter that was unplugged: its device is gone, then it comes back under the same
-// name (a pseudo-terminal behind a fixed link).
-struct SerieQueDesaparece : Averia {
-    QTemporaryDir dir;
-    QString enlace = dir.filePath("ttyImpresora");
-    int maestro = -1;
-    SerieQueDesaparece() {
-        abrir();
-        ::close(maestro); // unplugged
-        maestro = -1;
-        QFile::remove(enlace);
-    }
-    ~SerieQueDesaparece() override {
-        if (maestro >= 0) {
-            ::close(maestro);
-        }
-    }
-    void abrir() {
-        int esclavo = -1;
-        char nombre[128] = {};
-        ASSERT_EQ(::openpty(&maestro, &esclavo, nombre, nullptr, nullptr), 0);
-        ::close(esclavo);
-        ::fcntl(maestro, F_SETFL, O_NONBLOCK);
-        ASSERT_TRUE(QFile::link(QString::fromLocal8Bit(nombre), enlace));
-    }
-    ClassConfigImpresora impresora() override {
-        return ImpresoraEPDeSerie("Barra", enlace + ":9600,n,8,1");
-    }
-    void volver() override { abrir(); }
-    QByteArray siguienteCopia() override {
-        QByteArray leido;
-        const QByteArray corte = esperado::CORTE;
-        QElapsedTimer reloj;
-        reloj.start();
-        while (!leido.contains(corte) && reloj.elapsed() < 5000) {
-            pollfd p{maestro, POLLIN, 0};
-            char bufer[4096];
-            if (::poll(&p, 1, 50) > 0) {
-                const auto n = ::read(maestro, bufer, sizeof bufer);
-                if (n > 0) {
-                    leido.append(bufer, static_cast<qsizetype>(n));
-                }
-            }
-        }
-        return leido;
+        Escucha::cerrar();
     }
 };
 
@@ -221,15 +141,18 @@ struct ColaDelSistema : Averia {
     }
     void volver() override { reparar(); }
     QByteArray siguienteCopia() override {
-        if (!ServidorCupsPrueba::esperar([&] { return servidor.trabajos().size() > vistos; },
-                                         30000)) {
+        if (!EsperarHasta([&] { return servidor.trabajos().size() > vistos; }, 30000)) {
             return {};
         }
         const QString ruta = servidor.raiz + "/out/" + servidor.trabajos().at(vistos++);
         QFile f(ruta);
-        ServidorCupsPrueba::esperar([&] { return f.size() > 0; }, 10000);
+        EsperarHasta([&] { return f.size() > 0; }, 10000);
         if (!driver) {
-            return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+            // A raw copy goes through the print system untouched: the printer's own commands
+            // at both ends, not a filter's output.
+            const QByteArray copia = f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+            EXPECT_TRUE(copia.startsWith(esperado::INI) && copia.contains(esperado::CORTE));
+            return copia;
         }
         QProcess p;
         p.start("pdftotext", {ruta, "-"});
@@ -269,7 +192,6 @@ TEST_F(MatrizFallos, CadaFormaDaSuCajaNoPierdeLaCopiaYVuelveAImprimir) {
         "TicketsPDF está detenida");
     const QString dwParada = QStringLiteral(
         "Error en tiempo de ejecución '482': La cola de impresión TicketsPDF está detenida");
-    const QString dwSinCola = QStringLiteral("Error en tiempo de ejecución '482': ");
 
     ServidorCupsPrueba servidor;
     const QString sinServidor =
@@ -295,10 +217,6 @@ TEST_F(MatrizFallos, CadaFormaDaSuCajaNoPierdeLaCopiaYVuelveAImprimir) {
          kPlazos.conexionMs + 1000},
         {"TCP que se atasca a media copia", [] { return std::make_unique<TcpAtascada>(); }, errorES,
          kPlazos.conexionMs + kPlazos.escrituraMs + 1000},
-        {"dispositivo que no existe", [] { return std::make_unique<DispositivoQueFalta>(); },
-         sinPuerto, 1000},
-        {"puerto serie que desaparece", [] { return std::make_unique<SerieQueDesaparece>(); },
-         sinPuerto, 1000},
         {"cola cruda detenida", [&] { return cups(false, lp("cupsdisable"), lp("cupsenable")); },
          colaParada, 5000, true},
         {"cola cruda que rechaza trabajos",
@@ -308,17 +226,6 @@ TEST_F(MatrizFallos, CadaFormaDaSuCajaNoPierdeLaCopiaYVuelveAImprimir) {
          5000, true},
         {"cola de controlador detenida",
          [&] { return cups(true, lp("cupsdisable"), lp("cupsenable")); }, dwParada, 5000, true},
-        {"cola de controlador que ya no existe",
-         [&] {
-             return cups(
-                 true,
-                 [] {
-                     ASSERT_EQ(ServidorCupsPrueba::lp("lpadmin", {"-x", ServidorCupsPrueba::Cola}),
-                               0);
-                 },
-                 [&] { ASSERT_TRUE(servidor.crearCola()); });
-         },
-         dwSinCola, 5000, true},
     };
     for (const auto& c : casos) {
         SCOPED_TRACE(c.forma);

@@ -2,6 +2,7 @@
 #include "base/ErrorEjecucion.h"
 #include "base/Pedido.h"
 #include "common/ImpresoraDWGrabadora.h"
+#include "common/NumeroDeError.h"
 #include "printing/PrimitivasTicket.h"
 
 #include <gtest/gtest.h>
@@ -116,12 +117,11 @@ TEST(HoraEntregaEstimada, HorasYMinutosSinCeroDelanteNiSegundos) {
 }
 
 TEST(HoraEntregaEstimada, MinutosQueNoSonNumeroFallan) {
-    try {
-        HoraEntregaEstimada(pedidoAceptadoA(QDateTime(QDate(2026, 1, 1), QTime(1, 0)), "null"));
-        FAIL() << "no error";
-    } catch (const ErrorEjecucion& e) {
-        EXPECT_EQ(e.numero(), 13);
-    }
+    EXPECT_EQ(numeroDeError([] {
+                  HoraEntregaEstimada(
+                      pedidoAceptadoA(QDateTime(QDate(2026, 1, 1), QTime(1, 0)), "null"));
+              }),
+              13);
 }
 
 } // namespace

@@ -7,7 +7,6 @@
 #include "printing/ImpresorasDWNinguna.h"
 #include "printing/RutasImpresion.h"
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <cups/cups.h>
 
@@ -234,16 +233,6 @@ TEST_F(Rutas, BotonImprimirDelPedidoNuevo) {
     EXPECT_EQ(boxes()[0].estilo, estilo::SoloAceptar);
 }
 
-// Runs the event loop until `condicion` holds, at most `ms`.
-bool esperar(const std::function<bool()>& condicion, int ms) {
-    QElapsedTimer reloj;
-    reloj.start();
-    while (!condicion() && reloj.elapsed() < ms) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    }
-    return condicion();
-}
-
 TEST_F(Rutas, ReinicioDeColasPreguntaVaciaYReimprimeTrasLaEspera) {
     int vaciados = 0;
     auto vaciar = [&vaciados] {
@@ -266,7 +255,7 @@ TEST_F(Rutas, ReinicioDeColasPreguntaVaciaYReimprimeTrasLaEspera) {
     EXPECT_TRUE(ReiniciarImpresoras(m, vaciar, 50));
     EXPECT_EQ(vaciados, 1);
     EXPECT_EQ(docs("Mostrador"), 0) << "not before the wait";
-    ASSERT_TRUE(esperar([this] { return docs("Mostrador") == 2; }, 5000));
+    ASSERT_TRUE(EsperarHasta([this] { return docs("Mostrador") == 2; }, 5000));
     EXPECT_EQ(docs("Horno"), 1);
     EXPECT_EQ(cocinaEP(), 1);
 
@@ -275,7 +264,7 @@ TEST_F(Rutas, ReinicioDeColasPreguntaVaciaYReimprimeTrasLaEspera) {
     cajas->responder({respuesta::Si});
     EXPECT_TRUE(ReiniciarImpresoras(m, vaciar, 1));
     EXPECT_EQ(vaciados, 2);
-    esperar([] { return false; }, 100);
+    EsperarHasta([] { return false; }, 100);
     EXPECT_EQ(docs("Mostrador"), 2);
     EXPECT_EQ(docs("Horno"), 1);
 }

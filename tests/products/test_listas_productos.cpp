@@ -6,7 +6,6 @@
 #include "products/ListaProductos_ui.h"
 #include "shell/FormCerrarEstablec.h"
 
-#include <QLineEdit>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTest>
@@ -23,16 +22,6 @@ struct Listas : MostradorSimulado {
         m.NumConfig = 1;
         m.RestId = 7;
     }
-    // The queries that went to `ruta`, without the stamp.
-    QStringList consultas(const QString& ruta) {
-        QStringList r;
-        for (const auto& e : sim.registro()) {
-            if (e.ruta == ruta && !e.reenvio) {
-                r << e.consulta.left(e.consulta.indexOf(QStringLiteral("&fha=")));
-            }
-        }
-        return r;
-    }
     static QStringList nombres(const ListaProductos& l) {
         QStringList r;
         for (int i = 0; i < l.topLevelItemCount(); ++i) {
@@ -43,7 +32,7 @@ struct Listas : MostradorSimulado {
     // Ticks or unticks a row as a click would, and waits for the marking to finish.
     void marcar(ListaProductos& l, const QString& nombre, bool agotado) {
         l.esperaTrasMarcarMs = 0;
-        const int antes = static_cast<int>(consultas(kMarcar).size());
+        const int antes = static_cast<int>(sim.consultas(kMarcar).size());
         QTreeWidgetItem* fila = nullptr;
         for (int i = 0; i < l.topLevelItemCount(); ++i) {
             if (l.topLevelItem(i)->text(1) == nombre) {
@@ -52,7 +41,7 @@ struct Listas : MostradorSimulado {
         }
         ASSERT_NE(fila, nullptr) << qPrintable(nombre);
         fila->setCheckState(0, agotado ? Qt::Checked : Qt::Unchecked);
-        ASSERT_TRUE(QTest::qWaitFor([&] { return consultas(kMarcar).size() > antes; }, 5000));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return sim.consultas(kMarcar).size() > antes; }, 5000));
         ASSERT_TRUE(QTest::qWaitFor([&] { return !l.MarcandoProducto; }, 5000));
     }
     QLineEdit* apertura() { return f->findChild<QLineEdit*>(QStringLiteral("TextEstadoApertura")); }
@@ -81,7 +70,7 @@ TEST_F(Listas, MarcarEnLaCartaLlegaAlServicioYALaListaPrincipal) {
     EXPECT_EQ(carta.headerItem()->text(2), QStringLiteral("Precio(€)"));
 
     marcar(carta, QStringLiteral("Tarta de queso"), true);
-    EXPECT_EQ(consultas(kMarcar).last(),
+    EXPECT_EQ(sim.consultas(kMarcar).last(),
               QStringLiteral("idEstablecimiento=7&passwordconfig=clave&numconfig=1&idProducto=501"
                              "&agotado=s"));
     EXPECT_EQ(nombres(f->listaAgotados()), QStringList{"Tarta de queso"});
@@ -90,7 +79,8 @@ TEST_F(Listas, MarcarEnLaCartaLlegaAlServicioYALaListaPrincipal) {
 
     // Unticking on the main list makes the product available, and its row goes at once.
     marcar(f->listaAgotados(), QStringLiteral("Tarta de queso"), false);
-    EXPECT_TRUE(consultas(kMarcar).last().endsWith(QStringLiteral("&idProducto=501&agotado=n")));
+    EXPECT_TRUE(
+        sim.consultas(kMarcar).last().endsWith(QStringLiteral("&idProducto=501&agotado=n")));
     EXPECT_EQ(f->listaAgotados().topLevelItemCount(), 0);
     EXPECT_TRUE(cajas->cajas().isEmpty());
 }
@@ -100,8 +90,8 @@ TEST_F(Listas, UnaMarcaFallidaDevuelveLaCasillaYLoDice) {
     v.CargarListaProductos();
     ListaProductos& carta = *v.ListViewProductosNoIngredientes();
     sim.fallo(QStringLiteral("error"), 0, 1, kMarcar);
-    const int lecturasAntes =
-        static_cast<int>(consultas(QStringLiteral("pedidosgprs/obtenerProductosAgotados")).size());
+    const int lecturasAntes = static_cast<int>(
+        sim.consultas(QStringLiteral("pedidosgprs/obtenerProductosAgotados")).size());
     marcar(carta, QStringLiteral("Crema catalana"), true);
     QTreeWidgetItem* fila = carta.fila(QStringLiteral("pr-502"));
     ASSERT_NE(fila, nullptr);
@@ -113,7 +103,7 @@ TEST_F(Listas, UnaMarcaFallidaDevuelveLaCasillaYLoDice) {
               QStringLiteral("Error al intentar marcar/desmarcar el producto como agotado, por "
                              "favor, inténtelo de nuevo"));
     // The main list was read again all the same, and nothing is out of stock.
-    EXPECT_EQ(consultas(QStringLiteral("pedidosgprs/obtenerProductosAgotados")).size(),
+    EXPECT_EQ(sim.consultas(QStringLiteral("pedidosgprs/obtenerProductosAgotados")).size(),
               lecturasAntes + 1);
     EXPECT_EQ(f->listaAgotados().topLevelItemCount(), 0);
 }
@@ -130,7 +120,7 @@ TEST_F(Listas, CerrarUnRatoYVolverAAbrir) {
     EXPECT_EQ(v.TiempoCerrar(2)->text(), QStringLiteral("Cerrar 45 minutos"));
 
     QTest::mouseClick(v.TiempoCerrar(2), Qt::LeftButton);
-    EXPECT_EQ(consultas(kCerrar), QStringList{"id=7&accion=C&minutos=45&dias="});
+    EXPECT_EQ(sim.consultas(kCerrar), QStringList{"id=7&accion=C&minutos=45&dias="});
     // The reply comes quoted and shows without its quotes.
     EXPECT_TRUE(QRegularExpression(QStringLiteral("^Cerrado hasta \\d\\d:\\d\\d$"))
                     .match(apertura()->text())
@@ -142,7 +132,7 @@ TEST_F(Listas, CerrarUnRatoYVolverAAbrir) {
     ASSERT_FALSE(boton("butCancelarCerrar")->isHidden());
 
     QTest::mouseClick(boton("butCancelarCerrar"), Qt::LeftButton);
-    EXPECT_EQ(consultas(kCerrar).last(), QStringLiteral("id=7&accion=A"));
+    EXPECT_EQ(sim.consultas(kCerrar).last(), QStringLiteral("id=7&accion=A"));
     EXPECT_EQ(apertura()->text(), QStringLiteral("Abierto"));
     EXPECT_EQ(Fondo(apertura()), ColorVB(65280));
     EXPECT_TRUE(boton("butCancelarCerrar")->isHidden());
@@ -151,7 +141,7 @@ TEST_F(Listas, CerrarUnRatoYVolverAAbrir) {
 
     // The rest of the day travels as one day and no minutes.
     f->CerrarTemporalmente(9);
-    EXPECT_EQ(consultas(kCerrar).last(), QStringLiteral("id=7&accion=C&minutos=&dias=1"));
+    EXPECT_EQ(sim.consultas(kCerrar).last(), QStringLiteral("id=7&accion=C&minutos=&dias=1"));
     EXPECT_EQ(apertura()->text(), QStringLiteral("Cerrado hasta 23:59"));
     EXPECT_TRUE(cajas->cajas().isEmpty());
 
@@ -165,9 +155,9 @@ TEST_F(Listas, CerrarUnRatoYVolverAAbrir) {
     // Not while an order waits: a box, and nothing goes out.
     m.PedidoNuevoPendiente = true;
     v.show();
-    const auto enviadas = consultas(kCerrar).size();
+    const auto enviadas = sim.consultas(kCerrar).size();
     QTest::mouseClick(v.TiempoCerrar(0), Qt::LeftButton);
-    EXPECT_EQ(consultas(kCerrar).size(), enviadas);
+    EXPECT_EQ(sim.consultas(kCerrar).size(), enviadas);
     ASSERT_EQ(cajas->cajas().size(), 1);
     EXPECT_TRUE(cajas->cajas()[0].texto.startsWith(QStringLiteral("Hay un pedido o mensaje")));
     EXPECT_TRUE(v.isVisible());

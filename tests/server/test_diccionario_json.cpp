@@ -2,6 +2,7 @@
 // first search; both must answer alike through additions, absent keys and removals.
 #include "base/ErrorEjecucion.h"
 #include "common/ImprimirQString.h"
+#include "common/NumeroDeError.h"
 #include "server/ValorJson.h"
 
 #include <functional>
@@ -12,15 +13,6 @@ namespace {
 QString clave(int i) {
     // Keys of one length differ only inside, where a careless hash would not look.
     return QStringLiteral("clave%1x").arg(i, 3, 10, QChar(u'0'));
-}
-
-int numeroDeError(const std::function<void()>& accion) {
-    try {
-        accion();
-    } catch (const ErrorEjecucion& e) {
-        return e.numero();
-    }
-    return 0;
 }
 
 class DiccionarioPorTamanno : public testing::TestWithParam<int> {};

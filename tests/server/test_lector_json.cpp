@@ -1,5 +1,6 @@
 #include "base/ErrorEjecucion.h"
 #include "common/ImprimirQString.h"
+#include "common/NumeroDeError.h"
 #include "server/LectorJson.h"
 
 #include <gtest/gtest.h>
@@ -214,29 +215,21 @@ TEST(ValorJson, EmptyFrenteANull) {
     EXPECT_FALSE(falta.aBooleano());
     EXPECT_FALSE(falta == d.Item(QStringLiteral("nulo")));
 
-    auto error = [](auto accion) {
-        try {
-            accion();
-        } catch (const ErrorEjecucion& e) {
-            return e.numero();
-        }
-        return 0;
-    };
     const ValorJson nulo = d.Item(QStringLiteral("nulo"));
-    EXPECT_EQ(error([&] { nulo.aEntero16(); }), 94);
-    EXPECT_EQ(error([&] { nulo.aTexto(); }), 94);
-    EXPECT_EQ(error([&] { nulo.aBooleano(); }), 94);
+    EXPECT_EQ(numeroDeError([&] { nulo.aEntero16(); }), 94);
+    EXPECT_EQ(numeroDeError([&] { nulo.aTexto(); }), 94);
+    EXPECT_EQ(numeroDeError([&] { nulo.aBooleano(); }), 94);
     EXPECT_EQ(d.Item(QStringLiteral("medio")).aEntero16(), 2);
-    EXPECT_EQ(error([&] { d.Item(QStringLiteral("grande")).aEntero16(); }), 6);
+    EXPECT_EQ(numeroDeError([&] { d.Item(QStringLiteral("grande")).aEntero16(); }), 6);
     EXPECT_EQ(d.Item(QStringLiteral("grande")).aEntero32(), 40000);
     EXPECT_EQ(d.Item(QStringLiteral("texto")).aEntero16(), 12);
-    EXPECT_EQ(error([&] { d.Item(QStringLiteral("letras")).aEntero16(); }), 13);
+    EXPECT_EQ(numeroDeError([&] { d.Item(QStringLiteral("letras")).aEntero16(); }), 13);
     EXPECT_EQ(d.Item(QStringLiteral("si")).aEntero16(), -1);
     EXPECT_EQ(d.Item(QStringLiteral("si")).aTexto(), QStringLiteral("Verdadero"));
-    EXPECT_EQ(error([&] { doc.aTexto(); }), 13);
+    EXPECT_EQ(numeroDeError([&] { doc.aTexto(); }), 13);
     // Nothing, what a failed parse gives, has no items.
-    EXPECT_EQ(error([] { JSON_Parse(u"roto").Item(QStringLiteral("pgprs")); }), 91);
-    EXPECT_EQ(error([&] { d.Item(QStringLiteral("si")).Item(1); }), 13);
+    EXPECT_EQ(numeroDeError([] { JSON_Parse(u"roto").Item(QStringLiteral("pgprs")); }), 91);
+    EXPECT_EQ(numeroDeError([&] { d.Item(QStringLiteral("si")).Item(1); }), 13);
 }
 
 TEST(ValorJson, ContenedoresCompartidosYErrores) {
@@ -245,18 +238,11 @@ TEST(ValorJson, ContenedoresCompartidosYErrores) {
     copia.coleccion().Add(ValorJson(QStringLiteral("c")));
     // A copy of an object names the same object.
     EXPECT_EQ(doc.Item(QStringLiteral("lista")).coleccion().Count(), 3);
-    auto error = [](auto accion) {
-        try {
-            accion();
-        } catch (const ErrorEjecucion& e) {
-            return e.numero();
-        }
-        return 0;
-    };
-    EXPECT_EQ(error([&] { copia.Item(0); }), 9);
-    EXPECT_EQ(error([&] { copia.Item(4); }), 9);
-    EXPECT_EQ(error([&] { doc.diccionario().Add(QStringLiteral("lista"), ValorJson()); }), 457);
-    EXPECT_EQ(error([&] { doc.diccionario().Remove(QStringLiteral("otra")); }), 5);
+    EXPECT_EQ(numeroDeError([&] { copia.Item(0); }), 9);
+    EXPECT_EQ(numeroDeError([&] { copia.Item(4); }), 9);
+    EXPECT_EQ(numeroDeError([&] { doc.diccionario().Add(QStringLiteral("lista"), ValorJson()); }),
+              457);
+    EXPECT_EQ(numeroDeError([&] { doc.diccionario().Remove(QStringLiteral("otra")); }), 5);
     doc.diccionario().Add(QStringLiteral("b"), ValorJson(true));
     doc.diccionario().Remove(QStringLiteral("lista"));
     EXPECT_EQ(doc.diccionario().Keys(), QStringList{QStringLiteral("b")});

@@ -1,6 +1,7 @@
 #include "base/ErrorEjecucion.h"
 #include "common/DatosEsperados.h"
 #include "common/ImprimirQString.h"
+#include "common/NumeroDeError.h"
 #include "printing/MiembrosImpresora.h"
 #include "server/LectorJson.h"
 #include "server/LecturaImpresoras.h"
@@ -35,12 +36,7 @@ int Leer(Ranuras& r, const QString& lista) {
 }
 
 int NumeroDeError(Ranuras& r, const QString& lista) {
-    try {
-        Leer(r, lista);
-    } catch (const ErrorEjecucion& e) {
-        return e.numero();
-    }
-    return 0;
+    return numeroDeError([&] { Leer(r, lista); });
 }
 
 // Each member of a data file's lines ("slot member value") holds that value after the reading.

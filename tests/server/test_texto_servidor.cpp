@@ -1,6 +1,7 @@
 #include "base/ErrorEjecucion.h"
 #include "base/Windows1252.h"
 #include "common/ImprimirQString.h"
+#include "common/NumeroDeError.h"
 #include "server/TextoServidor.h"
 #include "server/ValorJson.h"
 
@@ -105,10 +106,5 @@ TEST(Valores, ColeccionAVector) {
               (QStringList{QStringLiteral("Sin existencias"), QStringLiteral("12,5"),
                            QStringLiteral("Verdadero")}));
     ColeccionJson vacia;
-    try {
-        ColeccionAVector(vacia);
-        ADD_FAILURE() << "an empty collection must fail";
-    } catch (const ErrorEjecucion& e) {
-        EXPECT_EQ(e.numero(), 9);
-    }
+    EXPECT_EQ(numeroDeError([&] { ColeccionAVector(vacia); }), 9) << "an empty collection fails";
 }

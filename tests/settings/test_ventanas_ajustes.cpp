@@ -2,6 +2,7 @@
 // record written at once by a tick, and the buttons that reach the sub-windows and the printer.
 // A printer saved against the service is in integration/test_ajustes_simulador.cpp.
 #include "common/CapturaEP.h"
+#include "common/ControlDeHueco.h"
 #include "common/Entorno.h"
 #include "common/ImpresoraDWGrabadora.h"
 #include "common/ImpresoraEPDeSerie.h"
@@ -22,17 +23,6 @@
 #include <gtest/gtest.h>
 
 namespace {
-
-// Control `nombre` of panel `slot` (controls of a panel share a name and differ by Index).
-template <typename T> T* de(QWidget* ventana, const char* nombre, int slot) {
-    for (T* c : ventana->findChildren<T*>(QLatin1String(nombre))) {
-        if (c->property("Index").toInt() == slot - 1) {
-            return c;
-        }
-    }
-    ADD_FAILURE() << nombre << " " << slot;
-    return nullptr;
-}
 
 struct Ventanas_ : ::testing::Test {
     Entorno e;
@@ -58,7 +48,7 @@ TEST_F(Ventanas_, ConfiguracionGeneralSeRellenaFiltraYGuardaConIntro) {
     auto* melodias = f.findChild<QComboBox*>("ComMelodias");
     EXPECT_EQ(melodias->currentText(), QStringLiteral("ritmo.wav"));
     EXPECT_EQ(melodias->font().pointSize(), 9);
-    EXPECT_TRUE(de<QRadioButton>(&f, "OptModoRepro", 2)->isChecked());
+    EXPECT_TRUE(ControlDeHueco<QRadioButton>(&f, "OptModoRepro", 2)->isChecked());
 
     auto* principal = f.findChild<QLineEdit*>("txtTamannoFuentePrinc");
     auto* listas = f.findChild<QLineEdit*>("txtTamannoFuenteListasCheck");
@@ -99,38 +89,38 @@ TEST_F(Ventanas_, PanelesDeImpresora) {
     auto* tabs = f.findChild<QTabWidget*>("TabStrip1");
     EXPECT_EQ(tabs->tabText(6), QStringLiteral("Impresora7"));
     EXPECT_EQ(f.findChildren<QCheckBox*>("CheckCocina").size(), 9);
-    EXPECT_FALSE(de<QGroupBox>(&f, "frmESCPOS", 2)->isHidden());
-    EXPECT_TRUE(de<QGroupBox>(&f, "frmDriverWindows", 2)->isHidden());
-    EXPECT_FALSE(de<QLineEdit>(&f, "txtNCopiasAceptado", 3)->isEnabled());
+    EXPECT_FALSE(ControlDeHueco<QGroupBox>(&f, "frmESCPOS", 2)->isHidden());
+    EXPECT_TRUE(ControlDeHueco<QGroupBox>(&f, "frmDriverWindows", 2)->isHidden());
+    EXPECT_FALSE(ControlDeHueco<QLineEdit>(&f, "txtNCopiasAceptado", 3)->isEnabled());
 
     // A second click on the chosen type keeps it chosen.
     tabs->setCurrentIndex(2);
-    auto* dw = de<QRadioButton>(&f, "OptionDriversWindows", 3);
+    auto* dw = ControlDeHueco<QRadioButton>(&f, "OptionDriversWindows", 3);
     QTest::mouseClick(dw, Qt::LeftButton);
     QTest::mouseClick(dw, Qt::LeftButton);
     EXPECT_TRUE(dw->isChecked());
-    EXPECT_TRUE(de<QGroupBox>(&f, "frmDriverWindows", 3)->isVisible());
+    EXPECT_TRUE(ControlDeHueco<QGroupBox>(&f, "frmDriverWindows", 3)->isVisible());
     tabs->setCurrentIndex(1);
 
     // The factor takes one comma, a point is typed as one; copies take digits only.
-    auto* factor = de<QLineEdit>(&f, "txtFactorFuente", 3);
+    auto* factor = ControlDeHueco<QLineEdit>(&f, "txtFactorFuente", 3);
     factor->clear();
     QTest::keyClicks(factor, QStringLiteral("3.5,2a"));
     EXPECT_EQ(factor->text(), QStringLiteral("3,52"));
-    auto* copias = de<QLineEdit>(&f, "txtNCopiasRechazado", 2);
+    auto* copias = ControlDeHueco<QLineEdit>(&f, "txtNCopiasRechazado", 2);
     copias->clear();
     QTest::keyClicks(copias, QStringLiteral("-1x"));
     EXPECT_EQ(copias->text(), QStringLiteral("1"));
 
     // The kitchen tick writes the record at once, before any save.
-    QTest::mouseClick(de<QCheckBox>(&f, "CheckCocina", 2), Qt::LeftButton);
-    EXPECT_TRUE(de<QPushButton>(&f, "butCocina", 2)->isEnabled());
+    QTest::mouseClick(ControlDeHueco<QCheckBox>(&f, "CheckCocina", 2), Qt::LeftButton);
+    EXPECT_TRUE(ControlDeHueco<QPushButton>(&f, "butCocina", 2)->isEnabled());
     EXPECT_TRUE(e.m.Impresora(2).Cocina);
 
     // The test page goes out with the panel's values, before any save.
-    de<QLineEdit>(&f, "txtConexion", 2)->setText(QStringLiteral("127.0.0.1:9100"));
+    ControlDeHueco<QLineEdit>(&f, "txtConexion", 2)->setText(QStringLiteral("127.0.0.1:9100"));
     CapturaEP captura(e.m);
-    QTest::mouseClick(de<QPushButton>(&f, "TestImprimirESCPOS", 2), Qt::LeftButton);
+    QTest::mouseClick(ControlDeHueco<QPushButton>(&f, "TestImprimirESCPOS", 2), Qt::LeftButton);
     EXPECT_TRUE(
         captura.bytes(QStringLiteral("127.0.0.1:9100")).startsWith("\x1b@\x1bt\x13\x1b!0Barra\n"));
     EXPECT_TRUE(e.canales.directo->urls.isEmpty());
@@ -139,9 +129,9 @@ TEST_F(Ventanas_, PanelesDeImpresora) {
     auto sistema = std::make_unique<ImpresorasDWGrabadoras>(QStringList{"PDF"});
     ImpresoraDWGrabadora& pdf = sistema->de("PDF");
     e.m.setImpresorasDW(std::move(sistema));
-    de<QLineEdit>(&f, "txtAnchoPapel", 3)->setText(QStringLiteral("40"));
+    ControlDeHueco<QLineEdit>(&f, "txtAnchoPapel", 3)->setText(QStringLiteral("40"));
     factor->setText(QStringLiteral("3,8448"));
-    QTest::mouseClick(de<QPushButton>(&f, "TestImprimirDW", 3), Qt::LeftButton);
+    QTest::mouseClick(ControlDeHueco<QPushButton>(&f, "TestImprimirDW", 3), Qt::LeftButton);
     EXPECT_EQ(pdf.documentos, 1);
     EXPECT_TRUE(pdf.textos().contains(QStringLiteral("123456789012345")))
         << pdf.textos().join(u'|').toStdString();
@@ -155,7 +145,7 @@ TEST_F(Ventanas_, LasOpcionesExtraRechazan101) {
     FormImpresoras f(e.m, [] { return true; });
     f.CargarDatosImpresora();
     f.show();
-    QTest::mouseClick(de<QPushButton>(&f, "butExtraConf", 2), Qt::LeftButton);
+    QTest::mouseClick(ControlDeHueco<QPushButton>(&f, "butExtraConf", 2), Qt::LeftButton);
     FormExtraConfigImpr* extra = f.formExtraSiExiste();
     ASSERT_NE(extra, nullptr);
     EXPECT_TRUE(extra->findChild<QCheckBox*>("CheckPreciosProdCocina")->isVisible());

@@ -1,8 +1,11 @@
+#include "common/DatosEsperados.h"
 #include "common/Entorno.h"
 #include "platform/SalidaAudio.h"
 #include "shell/Form1.h"
 #include "sound/VigilanciaSonido.h"
 
+#include <QJsonArray>
+#include <QJsonObject>
 #include <QLabel>
 #include <QMap>
 #include <gtest/gtest.h>
@@ -11,14 +14,6 @@ namespace {
 
 // What the programs of the sound server answer; a program not in the map is not installed.
 using Respuestas = QMap<QString, RespuestaPrograma>;
-
-RespuestaPrograma responde(int codigo, const char* salida) {
-    return RespuestaPrograma{true, codigo, QString::fromUtf8(salida)};
-}
-
-const char* const kVolumenLleno =
-    "Volume: front-left: 65536 / 100% / 0.00 dB,   front-right: 65536 / 100% / 0.00 dB\n"
-    "        balance 0.00\n";
 
 // The system as a test describes it: the device list and the server's programs.
 class SalidaFalsa : public SalidaAudio {
@@ -40,74 +35,30 @@ public:
 } // namespace
 
 TEST(VigilanciaSonido, DiceSiLaMelodiaNoSePuedeOir) {
-    struct Caso {
-        const char* nombre;
-        bool hayDispositivo;
+    const QJsonArray casos = JsonDatos(QStringLiteral("salida_sonido.json"))["casos"].toArray();
+    ASSERT_EQ(casos.size(), 12);
+    for (const auto& valor : casos) {
+        const QJsonObject c = valor.toObject();
+        SCOPED_TRACE(c["caso"].toString().toStdString());
         Respuestas respuestas;
-        const char* causa; // the part of the note that names the cause; "" when none
-        bool sonidoDesactivado = false;
-        qint16 volumenMelodia = 100;
-    };
-    const QString mute = QStringLiteral("pactl get-sink-mute");
-    const QString volumen = QStringLiteral("pactl get-sink-volume");
-    const QString wpctl = QStringLiteral("wpctl get-volume");
-    const Caso casos[] = {
-        {"sin dispositivo ni servidor", false, {}, "ninguna salida de sonido"},
-        {"servidor sin salida",
-         true,
-         {{mute, responde(1, "Failure: No such entity\n")}},
-         "ninguna salida de sonido"},
-        {"silenciado",
-         true,
-         {{mute, responde(0, "Mute: yes\n")}, {volumen, responde(0, kVolumenLleno)}},
-         "está silenciado"},
-        {"volumen a cero",
-         true,
-         {{mute, responde(0, "Mute: no\n")},
-          {volumen, responde(0, "Volume: front-left: 0 /   0% / -inf dB,   front-right: 0 /   "
-                                "0% / -inf dB\n")}},
-         "volumen del equipo está a cero"},
-        // Turned to one side: still heard there.
-        {"balance a un lado",
-         true,
-         {{mute, responde(0, "Mute: no\n")},
-          {volumen, responde(0, "Volume: front-left: 0 /   0% / -inf dB,   front-right: 26214 "
-                                "/  40% / -23.88 dB\n")}},
-         ""},
-        {"bien",
-         true,
-         {{mute, responde(0, "Mute: no\n")}, {volumen, responde(0, kVolumenLleno)}},
-         ""},
-        {"wpctl silenciado",
-         true,
-         {{wpctl, responde(0, "Volume: 0.40 [MUTED]\n")}},
-         "está silenciado"},
-        {"wpctl a cero",
-         true,
-         {{wpctl, responde(0, "Volume: 0.00\n")}},
-         "volumen del equipo está a cero"},
-        // No server that answers: the device list decides.
-        {"servidor ausente",
-         true,
-         {{mute, responde(1, "Connection failure: Connection refused\n")}},
-         ""},
-        {"servidor colgado", true, {{mute, responde(-1, "")}}, ""},
-        {"sonido desactivado", false, {}, "", true},
-        {"melodía a volumen cero", true, {}, "volumen de la melodía está a cero", false, 0},
-    };
-    for (const Caso& c : casos) {
-        SCOPED_TRACE(c.nombre);
+        const QJsonObject programas = c["respuestas"].toObject();
+        for (auto p = programas.begin(); p != programas.end(); ++p) {
+            const QJsonArray r = p.value().toArray();
+            respuestas[p.key()] = RespuestaPrograma{true, r[0].toInt(), r[1].toString()};
+        }
         Entorno e;
-        e.m.CancelarSonido = c.sonidoDesactivado;
+        e.m.CancelarSonido = c["desactivado"].toBool();
         e.m.TipoReproAudio = 1;
-        e.m.VolumenMelodiaWmp = c.volumenMelodia;
-        VigilanciaSonido v(e.m, std::make_unique<SalidaFalsa>(c.hayDispositivo, c.respuestas));
+        e.m.VolumenMelodiaWmp = static_cast<qint16>(c["volumen"].toInt(100));
+        VigilanciaSonido v(e.m,
+                           std::make_unique<SalidaFalsa>(c["dispositivo"].toBool(), respuestas));
         v.comprobar();
-        if (*c.causa == '\0') {
+        const QString causa = c["causa"].toString();
+        if (causa.isEmpty()) {
             EXPECT_EQ(v.aviso(), QString());
         } else {
             EXPECT_TRUE(v.aviso().startsWith(QStringLiteral("No se oirá la melodía")));
-            EXPECT_TRUE(v.aviso().contains(QString::fromUtf8(c.causa))) << v.aviso().toStdString();
+            EXPECT_TRUE(v.aviso().contains(causa)) << v.aviso().toStdString();
         }
     }
 }

@@ -102,13 +102,7 @@ struct Instalacion : ::testing::Test {
         return r;
     }
 
-    int Peticiones(const QString& ruta) {
-        int n = 0;
-        for (const auto& e : sim.registro()) {
-            n += e.ruta == ruta ? 1 : 0;
-        }
-        return n;
-    }
+    int Peticiones(const QString& ruta) { return static_cast<int>(sim.consultas(ruta).size()); }
 
     // A desk restarted by the updater runs on its own: stop it through its lock's owner.
     void PararEscritorioReiniciado() {
@@ -150,35 +144,6 @@ TEST_F(Instalacion, UnaVersionNuevaSeOfreceSeDescargaYArrancaLaNueva) {
                                           "abrir el programa ahora.")}));
     EXPECT_EQ(Peticiones(QStringLiteral("pedidosgprs/obtenerUltimaVersionVB")), 1);
     EXPECT_EQ(Peticiones(QStringLiteral("pedidosGPRS/obtenerDatosActualizacionVB")), 2);
-}
-
-TEST_F(Instalacion, UnaDescargaCortadaDejaElEjecutableViejoFuncionando) {
-    Configurar(true);
-    const QByteArray original = LeerFichero(exe);
-    ASSERT_TRUE(ServirFichero(sim, servidos, QStringLiteral("TarvimentaPedidos.exe"),
-                              NuevoEjecutable("1.7.0", 6 * 1024 * 1024)));
-    ASSERT_TRUE(PonerActualizacion(
-        sim, {{QStringLiteral("version"), QStringLiteral("1.7.0")},
-              {QStringLiteral("descriptor"), Descriptor(QStringLiteral("TarvimentaPedidos.exe"))},
-              {QStringLiteral("cortar"), QJsonObject{{QStringLiteral("fraccion"), 0.5}}}}));
-
-    ASSERT_TRUE(Arrancar({QStringLiteral("si")}));
-    ASSERT_TRUE(desk.waitForFinished(30000));
-    // The old desk comes back by itself and polls again, without a second update check.
-    ASSERT_TRUE(sim.esperarPeticion(QStringLiteral("descargas/TarvimentaPedidos.exe"), 30000));
-    const int tras = sim.registro().last().n;
-    ASSERT_TRUE(sim.esperarPeticion(QStringLiteral("pedidosgprs/pedidosnuevos"), 30000, tras));
-
-    EXPECT_TRUE(LeerFichero(exe) == original);
-    EXPECT_EQ(Version(), QStringLiteral("TarvimentaPedidos 1.6.2"));
-    EXPECT_EQ(Peticiones(QStringLiteral("pedidosgprs/obtenerUltimaVersionVB")), 1);
-    const QStringList textos = TextosDeCajas();
-    ASSERT_EQ(textos.size(), 2);
-    EXPECT_TRUE(textos[1].startsWith(QStringLiteral("No se ha podido descargar la actualización")))
-        << textos[1].toStdString();
-    const QStringList restos =
-        QDir(carpeta.path()).entryList({QStringLiteral(".*descarga*")}, QDir::Files | QDir::Hidden);
-    EXPECT_TRUE(restos.isEmpty()) << restos.join(QLatin1Char(' ')).toStdString();
 }
 
 } // namespace
