@@ -176,9 +176,14 @@ Respuesta ServicioSimulado::Atender(const Peticion& peticion) {
     auto cola = colas_.find(ruta);
     if (cola != colas_.end() && !cola->second.empty()) {
         Respuesta respuesta;
-        respuesta.Cuerpo = std::move(cola->second.front().Cuerpo);
+        respuesta.Cuerpo = cola->second.front().Cuerpo;
         entrada.Pedido = cola->second.front().Pedido;
-        cola->second.pop_front();
+        // A stored order stays offered until it is answered, as on the service: a reply the
+        // desk never got (its wait ran out, the line dropped it) hands the same order out
+        // again. A body queued by hand goes once.
+        if (entrada.Pedido == 0) {
+            cola->second.pop_front();
+        }
         return respuesta;
     }
     return Normal(ruta, consulta);
@@ -476,6 +481,7 @@ std::string ServicioSimulado::Responder(const std::string& consulta) {
     const auto ak = Parametro(consulta, "ak").value_or("");
     const auto m = Parametro(consulta, "m").value_or("");
     p->Respuestas.push_back({ak, m, consulta, MsDesdeInicio()});
+    QuitarDeColas(p->Pedido.NumPedido);
     if (ak == "Accepted") {
         p->Pedido.Estado = "Aceptado";
         // "20_Minutos" carries 20.
@@ -486,6 +492,12 @@ std::string ServicioSimulado::Responder(const std::string& consulta) {
         p->Pedido.TiempoOMotivo = m;
     }
     return "OK";
+}
+
+void ServicioSimulado::QuitarDeColas(const std::string& numero) {
+    for (auto& [ruta, cola] : colas_) {
+        std::erase_if(cola, [&](const Encolado& e) { return std::to_string(e.Pedido) == numero; });
+    }
 }
 
 std::vector<ServicioSimulado::Entrada> ServicioSimulado::Registro() const {

@@ -112,6 +112,8 @@ private:
     std::string GuardarImpresora(const std::string& consulta, bool eliminar);
     std::string GuardarGeneral(const std::string& consulta);
     std::string Responder(const std::string& consulta);
+    // An order answered (here or at another desk): no poll offers it any more.
+    void QuitarDeColas(const std::string& numero);
     PedidoGuardado* Buscar(const std::optional<std::string>& numero);
     std::string Historial(const std::string& ruta, const std::string& consulta) const;
 
