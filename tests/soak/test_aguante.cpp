@@ -334,7 +334,7 @@ protected:
         }
         const auto cajas = desk.cajas();
         EXPECT_TRUE(cajas.isEmpty()) << cajas.value(0).texto.toStdString();
-        // Orders handed out more than once: their reply never reached the desk.
+        // Times an order was handed out: more than the orders when a reply went astray.
         qsizetype entregas = 0;
         for (const auto& e : sim.registro()) {
             entregas += e.pedido.isEmpty() ? 0 : 1;
@@ -369,7 +369,8 @@ protected:
 } // namespace
 
 // Three in ten requests fail, of every kind the service can fail with: the desk goes on
-// polling, answers each order once and prints each copy once.
+// polling, answers each order (again only when the reply to its answer went astray) and
+// prints each copy once.
 TEST_F(Aguante, PedidosAutomaticosEntreFallosDeTodaClase) {
     const Parametros p = DelEntorno({400, 20, 0.3, 10, 21});
     arrancar(p);
