@@ -4,7 +4,8 @@
 #   scripts/aguante.sh memoria [polls=10000]   polls every 10 ms; resident memory and open
 #                                              descriptors after warm-up against the end
 # Orders are accepted by themselves onto three raw printers on TCP; the run fails unless each
-# order is answered once and each copy printed once. The figures go to standard output.
+# order is answered (the same answer each time, if more than once) and each copy printed
+# once. The figures go to standard output.
 # TARVIMENTA_AGUANTE_FALLOS (share failing), _INTERVALO (ms) and _SEMILLA pass through.
 set -euo pipefail
 raiz="$(cd "$(dirname "$0")/.." && pwd)"

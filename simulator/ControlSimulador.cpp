@@ -153,6 +153,12 @@ Respuesta AtenderControl(ServicioSimulado& servicio, const Peticion& peticion) {
                 if (e.Reenvio) {
                     entrada["reenvio"] = true;
                 }
+                if (!e.Fallo.empty()) {
+                    entrada["fallo"] = e.Fallo;
+                }
+                if (e.Pedido != 0) {
+                    entrada["pedido"] = std::to_string(e.Pedido);
+                }
                 lista.push_back(entrada);
             }
             return Json(lista);

@@ -196,6 +196,9 @@ nlohmann::json ServicioSimulado::Impresion() const {
 void ServicioSimulado::PonerEstadoPedido(const std::string& numero, int estado) {
     std::lock_guard bloqueo(mutex_);
     impresion_.PonerEstadoPedido(numero, estado);
+    if (estado >= 2) {
+        QuitarDeColas(numero);
+    }
 }
 
 void ServicioSimulado::PonerEstadoMensaje(long id, int estado, const std::string& respuesta) {

@@ -130,9 +130,17 @@ Respuesta ServicioSimulado::Atender(const Peticion& peticion) {
     const bool reenvio = !peticion.Https && ultimoCorte_ &&
                          ultimoCorte_->Objetivo == peticion.Objetivo &&
                          ahora <= ultimoCorte_->Hasta;
-    registro_.push_back({siguienteN_++, peticion.Https ? "https" : "http", ruta, consulta,
-                         MsDesdeInicio(), reenvio});
+    registro_.push_back({siguienteN_++,
+                         peticion.Https ? "https" : "http",
+                         ruta,
+                         consulta,
+                         MsDesdeInicio(),
+                         reenvio,
+                         {},
+                         0});
+    Entrada& entrada = registro_.back();
     if (reenvio) {
+        entrada.Fallo = "rechazar";
         // A hang is not held a second time: the client waited the whole time once.
         Fallo repetido = ultimoCorte_->Aplicado;
         repetido.Tipo = "rechazar";
@@ -142,6 +150,7 @@ Respuesta ServicioSimulado::Atender(const Peticion& peticion) {
 
     Fallo fallo;
     if (BuscarFallo(peticion.Https, ruta, fallo)) {
+        entrada.Fallo = fallo.Tipo;
         if (!peticion.Https && (fallo.Tipo == "rechazar" || fallo.Tipo == "colgar")) {
             const auto margen = std::chrono::duration<double>(fallo.Segundos + 2.0);
             ultimoCorte_ = Corte{
@@ -153,7 +162,7 @@ Respuesta ServicioSimulado::Atender(const Peticion& peticion) {
             // What this request would have taken stays queued for the next one.
             const auto cola = colas_.find(ruta);
             return FallosAlAzar::Cortada(cola != colas_.end() && !cola->second.empty()
-                                             ? cola->second.front()
+                                             ? cola->second.front().Cuerpo
                                              : FallosAlAzar::LineaDeMuestra());
         }
         return RespuestaDeFallo(fallo);
@@ -167,8 +176,14 @@ Respuesta ServicioSimulado::Atender(const Peticion& peticion) {
     auto cola = colas_.find(ruta);
     if (cola != colas_.end() && !cola->second.empty()) {
         Respuesta respuesta;
-        respuesta.Cuerpo = std::move(cola->second.front());
-        cola->second.pop_front();
+        respuesta.Cuerpo = cola->second.front().Cuerpo;
+        entrada.Pedido = cola->second.front().Pedido;
+        // A stored order stays offered until it is answered, as on the service: a reply the
+        // desk never got (its wait ran out, the line dropped it) hands the same order out
+        // again. A body queued by hand goes once.
+        if (entrada.Pedido == 0) {
+            cola->second.pop_front();
+        }
         return respuesta;
     }
     return Normal(ruta, consulta);
@@ -466,6 +481,7 @@ std::string ServicioSimulado::Responder(const std::string& consulta) {
     const auto ak = Parametro(consulta, "ak").value_or("");
     const auto m = Parametro(consulta, "m").value_or("");
     p->Respuestas.push_back({ak, m, consulta, MsDesdeInicio()});
+    QuitarDeColas(p->Pedido.NumPedido);
     if (ak == "Accepted") {
         p->Pedido.Estado = "Aceptado";
         // "20_Minutos" carries 20.
@@ -476,6 +492,12 @@ std::string ServicioSimulado::Responder(const std::string& consulta) {
         p->Pedido.TiempoOMotivo = m;
     }
     return "OK";
+}
+
+void ServicioSimulado::QuitarDeColas(const std::string& numero) {
+    for (auto& [ruta, cola] : colas_) {
+        std::erase_if(cola, [&](const Encolado& e) { return std::to_string(e.Pedido) == numero; });
+    }
 }
 
 std::vector<ServicioSimulado::Entrada> ServicioSimulado::Registro() const {
@@ -491,7 +513,9 @@ void ServicioSimulado::LimpiarRegistro() {
 void ServicioSimulado::Encolar(const std::string& ruta, const std::vector<std::string>& cuerpos) {
     std::lock_guard bloqueo(mutex_);
     auto& cola = colas_[ruta];
-    cola.insert(cola.end(), cuerpos.begin(), cuerpos.end());
+    for (const auto& cuerpo : cuerpos) {
+        cola.push_back({cuerpo, 0});
+    }
 }
 
 void ServicioSimulado::VaciarColas() {
@@ -541,8 +565,8 @@ ServicioSimulado::GenerarPedidos(int cantidad, std::uint64_t semilla, ClasePedid
         if (conHoraActual) {
             guardado.Pedido.RealizadoEl = Hora(std::chrono::system_clock::now(), "%d/%m/%Y %H:%M");
         }
+        colas_[kRutaPoll].push_back({LineaPedido(guardado.Pedido), siguientePedido_});
         pedidos_[siguientePedido_++] = guardado;
-        colas_[kRutaPoll].push_back(LineaPedido(guardado.Pedido));
         nuevos.push_back(std::move(guardado));
     }
     return nuevos;

@@ -31,6 +31,8 @@ public:
         std::string Consulta;
         long long Ms = 0;     // since the service started
         bool Reenvio = false; // the client's own resend of a request a fault cut off
+        std::string Fallo;    // the fault it met, if any
+        long Pedido = 0;      // the stored order its reply handed out, if any
     };
 
     struct Fallo {
@@ -110,6 +112,8 @@ private:
     std::string GuardarImpresora(const std::string& consulta, bool eliminar);
     std::string GuardarGeneral(const std::string& consulta);
     std::string Responder(const std::string& consulta);
+    // An order answered (here or at another desk): no poll offers it any more.
+    void QuitarDeColas(const std::string& numero);
     PedidoGuardado* Buscar(const std::optional<std::string>& numero);
     std::string Historial(const std::string& ruta, const std::string& consulta) const;
 
@@ -118,7 +122,13 @@ private:
     const std::chrono::system_clock::time_point inicioReloj_ = std::chrono::system_clock::now();
     std::vector<Entrada> registro_;
     long siguienteN_ = 1;
-    std::map<std::string, std::deque<std::string>> colas_;
+    // A queued reply; `Pedido` is the number of the stored order it carries (0: a body
+    // queued by hand).
+    struct Encolado {
+        std::string Cuerpo;
+        long Pedido = 0;
+    };
+    std::map<std::string, std::deque<Encolado>> colas_;
     std::vector<Fallo> fallos_;
     // The last request cut off by a connection fault, to know the client's resend of it.
     struct Corte {

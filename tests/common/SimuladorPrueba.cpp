@@ -149,7 +149,8 @@ QList<SimuladorPrueba::Entrada> SimuladorPrueba::registro() {
     for (const auto& valor : documento.array()) {
         const auto o = valor.toObject();
         lista.append({o["n"].toInt(), o["esquema"].toString(), o["ruta"].toString(),
-                      o["consulta"].toString(), qint64(o["ms"].toDouble()), o["reenvio"].toBool()});
+                      o["consulta"].toString(), qint64(o["ms"].toDouble()), o["reenvio"].toBool(),
+                      o["fallo"].toString(), o["pedido"].toString()});
     }
     return lista;
 }

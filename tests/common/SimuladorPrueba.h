@@ -21,6 +21,8 @@ public:
         QString consulta; // raw query, not decoded
         qint64 ms = 0;
         bool reenvio = false; // the client resent a request that a rechazar/colgar cut off
+        QString fallo;        // the fault it met, if any
+        QString pedido;       // the stored order its reply handed out, if any
     };
 
     struct RespuestaHttp {

@@ -125,9 +125,9 @@ TEST(Simulador, CadaFalloTalComoLoVeUnClienteQt) {
 TEST(Simulador, FallosAlAzarCuentanYNoSeLlevanLoEncolado) {
     SimuladorPrueba sim;
     ASSERT_TRUE(sim.enMarcha());
-    const QString linea = sim.generarPedidos(1, 5, QStringLiteral("domicilio"))[0]
-                              .toObject()[QStringLiteral("linea")]
-                              .toString();
+    const QJsonArray pedidos = sim.generarPedidos(2, 5, QStringLiteral("domicilio"));
+    const QString linea = pedidos[0].toObject()[QStringLiteral("linea")].toString();
+    const QByteArray numero = pedidos[0].toObject()[QStringLiteral("numero")].toString().toUtf8();
     // Every request fails, cut in its middle: the order stays queued for the next poll.
     sim.azar(1.0, 3, 0, {QStringLiteral("cortado")});
     const QByteArray entera = linea.toUtf8();
@@ -139,14 +139,26 @@ TEST(Simulador, FallosAlAzarCuentanYNoSeLlevanLoEncolado) {
         EXPECT_TRUE(crudo.contains("Content-Length: " + QByteArray::number(entera.size())));
         EXPECT_TRUE(crudo.endsWith(entera.left(entera.size() / 2))) << crudo.toStdString();
     }
-    // A proportion of 0 only counts; a half of the requests fail with the same seed.
+    // A proportion of 0 only counts. Handed out and not answered (the reply may never have
+    // reached the desk), an order is offered again; answered here or settled elsewhere, it
+    // is gone, and a body queued by hand behind them goes once.
     sim.azar(0.0, 3);
+    sim.encolar(QStringLiteral("pedidosgprs/pedidosnuevos"), {QStringLiteral("IMPDIA")});
     EXPECT_EQ(Poll(sim), entera);
+    EXPECT_EQ(Poll(sim), entera);
+    EXPECT_EQ(sim.registro().last().pedido, numero);
+    sim.peticion("GET", "/api/pedidosgprs/respuestapedidos?o=" + numero + "&ak=Accepted&m=20");
+    EXPECT_EQ(Poll(sim), pedidos[1].toObject()[QStringLiteral("linea")].toString().toUtf8());
+    const QJsonObject otroSitio{{"pedido", pedidos[1].toObject()["numero"]}, {"estado", 2}};
+    sim.peticion("PUT", "/__control/estado", QJsonDocument(otroSitio).toJson());
+    EXPECT_EQ(Poll(sim), "IMPDIA");
     EXPECT_EQ(Poll(sim), "estadoapertura:Abierto");
+    EXPECT_EQ(sim.registro().last().pedido, QString());
+    EXPECT_EQ(sim.pedidos()[0].toObject()["respuestas"].toArray().size(), 1);
     sim.peticion("GET", "/api/establecimiento/carta2?id=7");
     QJsonObject estado = sim.estadoAzar();
-    EXPECT_EQ(estado["porRuta"].toObject()["pedidosgprs/pedidosnuevos"].toInt(), 2);
-    EXPECT_EQ(estado["peticiones"].toInt(), 3);
+    EXPECT_EQ(estado["porRuta"].toObject()["pedidosgprs/pedidosnuevos"].toInt(), 5);
+    EXPECT_EQ(estado["peticiones"].toInt(), 7);
     EXPECT_TRUE(estado["fallos"].toObject().isEmpty());
 
     sim.azar(0.5, 11, 0, {QStringLiteral("error"), QStringLiteral("vacio")});

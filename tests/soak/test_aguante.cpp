@@ -272,10 +272,23 @@ protected:
         return falta;
     }
 
-    // Every order answered once and printed once per copy, the desk alive and "En línea".
+    // Each time the service handed out an order still unanswered: " number@ms".
+    QString rastro() {
+        const QString falta = pendiente();
+        QString texto;
+        for (const auto& e : sim.registro()) {
+            if (!e.pedido.isEmpty() &&
+                falta.contains(QStringLiteral("sin respuesta ") + e.pedido)) {
+                texto += QStringLiteral(" %1@%2ms").arg(e.pedido).arg(e.ms);
+            }
+        }
+        return texto;
+    }
+
+    // Every order answered and printed once per copy, the desk alive and "En línea".
     void comprobarFinal() {
         ASSERT_TRUE(EsperarHasta([&] { return pendiente().isEmpty(); }, 60000))
-            << pendiente().toStdString() << "\n"
+            << pendiente().toStdString() << "\nentregados:" << rastro().toStdString() << "\n"
             << desk.ventana().value(QStringLiteral("LabelInfo")).texto.toStdString();
         EXPECT_TRUE(desk.esperarVentana(
             [](const auto& v) {
@@ -285,13 +298,21 @@ protected:
             10000));
         QTest::qWait(1500); // a second answer or copy would come meanwhile
         EXPECT_TRUE(desk.enMarcha());
+        // An answer whose reply never reached the desk is sent again until one does: the
+        // service may hold it twice, the same answer each time.
         int respuestas = 0;
         for (const auto& v : sim.pedidos()) {
             const QJsonObject o = v.toObject();
             SCOPED_TRACE(o[QStringLiteral("numero")].toString().toStdString());
-            EXPECT_EQ(o[QStringLiteral("respuestas")].toArray().size(), 1);
+            const QJsonArray rs = o[QStringLiteral("respuestas")].toArray();
+            EXPECT_GE(rs.size(), 1);
+            for (const auto& r : rs) {
+                for (const char* campo : {"ak", "m"}) {
+                    EXPECT_EQ(r.toObject()[campo], rs[0].toObject()[campo]);
+                }
+            }
             EXPECT_EQ(o[QStringLiteral("estado")].toString(), QStringLiteral("Aceptado"));
-            respuestas += static_cast<int>(o[QStringLiteral("respuestas")].toArray().size());
+            respuestas += static_cast<int>(rs.size());
         }
         for (const Destino& f : destinos) {
             SCOPED_TRACE(f.nombre);
@@ -313,8 +334,13 @@ protected:
         }
         const auto cajas = desk.cajas();
         EXPECT_TRUE(cajas.isEmpty()) << cajas.value(0).texto.toStdString();
+        // Times an order was handed out: more than the orders when a reply went astray.
+        qsizetype entregas = 0;
+        for (const auto& e : sim.registro()) {
+            entregas += e.pedido.isEmpty() ? 0 : 1;
+        }
         informe.prepend(QStringLiteral("%1 s; sondeos %2; peticiones %3; fallos %4; pedidos %5; "
-                                       "respuestas %6\n")
+                                       "entregas %6; respuestas %7\n")
                             .arg(reloj.elapsed() / 1000.0, 0, 'f', 1)
                             .arg(estadoFinal[QStringLiteral("porRuta")].toObject()[kPoll].toInt())
                             .arg(estadoFinal[QStringLiteral("peticiones")].toInt())
@@ -322,6 +348,7 @@ protected:
                                 QJsonDocument(estadoFinal[QStringLiteral("fallos")].toObject())
                                     .toJson(QJsonDocument::Compact)))
                             .arg(pedidos.size())
+                            .arg(entregas)
                             .arg(respuestas));
     }
 
@@ -342,14 +369,9 @@ protected:
 } // namespace
 
 // Three in ten requests fail, of every kind the service can fail with: the desk goes on
-// polling, answers each order once and prints each copy once.
+// polling, answers each order (again only when the reply to its answer went astray) and
+// prints each copy once.
 TEST_F(Aguante, PedidosAutomaticosEntreFallosDeTodaClase) {
-    // Run by hand (scripts/aguante.sh) for now: on a busy machine a whole order still goes
-    // missing now and then, never answered nor printed, and the suite must not turn red on
-    // the luck of the load until that is found.
-    if (qEnvironmentVariableIsEmpty("TARVIMENTA_AGUANTE_SONDEOS")) {
-        GTEST_SKIP() << "fault soak: scripts/aguante.sh fallos";
-    }
     const Parametros p = DelEntorno({400, 20, 0.3, 10, 21});
     arrancar(p);
     ASSERT_FALSE(HasFatalFailure());
