@@ -100,6 +100,7 @@ TEST_F(HistorialSimulador, CadaPeriodoEnviaSuConsultaYListaLoRespondido) {
 
 TEST_F(HistorialSimulador, CancelarUnAceptadoImprimeElRechazoYDespuesElAvisoDeCocina) {
     m.RechazarAceptado = 2;
+    m.MensajeNuevoPendiente = true; // a customer waits: cancelling here answers them too
     m.Impresora(2).NumeroCopiasRechazado = 1;
     m.setReloj(std::make_unique<RelojFijo>(QDateTime(QDate(2026, 11, 22), QTime(13, 5, 9))));
     FormPedidoAnterior& v = f->AbrirPedidoAnterior(numero(0), false);
@@ -129,6 +130,7 @@ TEST_F(HistorialSimulador, CancelarUnAceptadoImprimeElRechazoYDespuesElAvisoDeCo
     EXPECT_EQ(caja.trabajos().size(), 1);
     EXPECT_EQ(cocina.trabajos().size(), 2);
     EXPECT_FALSE(v.isVisible());
+    EXPECT_FALSE(m.MensajeNuevoPendiente);
     EXPECT_EQ(m.CaminoOcupado, 0);
 }
 
