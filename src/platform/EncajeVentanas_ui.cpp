@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QLoggingCategory>
 #include <QScreen>
 #include <QStyle>
 #include <QTimer>
@@ -10,6 +11,9 @@
 #include <optional>
 
 namespace {
+
+// Where windows went and why, for support: QT_LOGGING_RULES="tarvimenta.ventanas.debug=true".
+Q_LOGGING_CATEGORY(diarioVentanas, "tarvimenta.ventanas", QtInfoMsg)
 
 const char* const kYaColocada = "tarvimentaColocada";
 // 50 ms apart: a busy machine's window manager gets two seconds to frame the window.
@@ -66,6 +70,11 @@ void revisarMarco(QWidget* ventana, std::optional<QMargins> supuesto, int intent
         }
         const QMargins real = margenes(ventana);
         if (real.isNull()) {
+            if (ventana->frameGeometry() != ventana->geometry()) {
+                qCDebug(diarioVentanas)
+                    << ventana->objectName() << "marco aún sin medir" << ventana->frameGeometry()
+                    << "alrededor de" << ventana->geometry();
+            }
             if (intentos > 1) {
                 revisarMarco(ventana, supuesto, intentos - 1);
             }
@@ -74,7 +83,10 @@ void revisarMarco(QWidget* ventana, std::optional<QMargins> supuesto, int intent
         if ((!supuesto || real == *supuesto) && enteraEnPantalla(ventana, real)) {
             return;
         }
+        const QRect antes = ventana->frameGeometry();
         EncajarEnPantalla(ventana);
+        qCDebug(diarioVentanas) << ventana->objectName() << "colocada de nuevo: marco" << real
+                                << "en" << antes << "->" << ventana->geometry();
         // The window manager answers the new place with a move of its own: looked at again.
         if (intentos > 1) {
             revisarMarco(ventana, real, intentos - 1);
