@@ -2,20 +2,25 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QLoggingCategory>
 #include <QScreen>
 #include <QStyle>
 #include <QTimer>
 #include <QWidget>
 #include <algorithm>
+#include <optional>
 
 namespace {
 
+// Where windows went and why, for support: QT_LOGGING_RULES="tarvimenta.ventanas.debug=true".
+Q_LOGGING_CATEGORY(diarioVentanas, "tarvimenta.ventanas", QtInfoMsg)
+
 const char* const kYaColocada = "tarvimentaColocada";
+// 50 ms apart: a busy machine's window manager gets two seconds to frame the window.
+constexpr int kRevisiones = 40;
 
 QMargins margenes(const QWidget* w) {
-    const QRect f = w->frameGeometry();
-    const QRect g = w->geometry();
-    return {g.left() - f.left(), g.top() - f.top(), f.right() - g.right(), f.bottom() - g.bottom()};
+    return MargenesMarco(w->frameGeometry(), w->geometry());
 }
 
 // The frame the window manager puts around a window: the one it has, or the one another
@@ -47,30 +52,60 @@ QSize minimoDe(const QWidget* ventana) {
     return ventana->minimumSize().expandedTo(ventana->minimumSizeHint());
 }
 
-// The window manager frames a new window a moment after it is shown: when the frame it
-// gives differs from the one guessed, the window is placed again. Checked a few times, then
-// left alone.
-void revisarMarco(QWidget* ventana, QMargins supuesto, int intentos) {
+bool enteraEnPantalla(const QWidget* ventana, const QMargins& marco) {
+    const QScreen* pantalla = ventana->screen();
+    return pantalla == nullptr ||
+           pantalla->availableGeometry().contains(ventana->geometry().marginsAdded(marco));
+}
+
+// The window manager frames a shown window and may place it again a moment after the show,
+// and while it does, the frame read back can be one it has not sized yet. Once the frame is
+// known, the window is placed again when it no longer lies whole on its screen, or when we
+// placed it with a frame guessed (`supuesto`) that turns out different. Checked a few
+// times, then left alone (the staff may move it afterwards).
+void revisarMarco(QWidget* ventana, std::optional<QMargins> supuesto, int intentos) {
     QTimer::singleShot(50, ventana, [ventana, supuesto, intentos] {
         if (!ventana->isVisible()) {
             return;
         }
         const QMargins real = margenes(ventana);
         if (real.isNull()) {
+            if (ventana->frameGeometry() != ventana->geometry()) {
+                qCDebug(diarioVentanas)
+                    << ventana->objectName() << "marco aún sin medir" << ventana->frameGeometry()
+                    << "alrededor de" << ventana->geometry();
+            }
             if (intentos > 1) {
                 revisarMarco(ventana, supuesto, intentos - 1);
             }
             return;
         }
-        if (real != supuesto) {
-            EncajarEnPantalla(ventana);
+        if ((!supuesto || real == *supuesto) && enteraEnPantalla(ventana, real)) {
+            return;
+        }
+        const QRect antes = ventana->frameGeometry();
+        EncajarEnPantalla(ventana);
+        qCDebug(diarioVentanas) << ventana->objectName() << "colocada de nuevo: marco" << real
+                                << "en" << antes << "->" << ventana->geometry();
+        // The window manager answers the new place with a move of its own: looked at again.
+        if (intentos > 1) {
+            revisarMarco(ventana, real, intentos - 1);
         }
     });
 }
 
 } // namespace
 
-QRect GeometriaEncajada(const QRect& area, QSize tamanno, QSize minimo, const QMargins& marco) {
+QMargins MargenesMarco(const QRect& marco, const QRect& ventana) {
+    const QMargins m(ventana.left() - marco.left(), ventana.top() - marco.top(),
+                     marco.right() - ventana.right(), marco.bottom() - ventana.bottom());
+    const bool rodea = m.left() >= 0 && m.top() >= 0 && m.right() >= 0 && m.bottom() >= 0;
+    return rodea ? m : QMargins();
+}
+
+QRect GeometriaEncajada(const QRect& area, QSize tamanno, QSize minimo, const QMargins& dado) {
+    const QMargins marco(std::max(0, dado.left()), std::max(0, dado.top()),
+                         std::max(0, dado.right()), std::max(0, dado.bottom()));
     const QSize cabe(std::max(1, area.width() - marco.left() - marco.right()),
                      std::max(1, area.height() - marco.top() - marco.bottom()));
     const QSize t = tamanno.boundedTo(cabe).expandedTo(minimo);
@@ -111,12 +146,14 @@ bool EncajeVentanas::eventFilter(QObject* objeto, QEvent* evento) {
     }
     const bool primera = !ventana->property(kYaColocada).toBool();
     const QRect conMarco = ventana->geometry().marginsAdded(marcoDe(ventana));
+    std::optional<QMargins> supuesto;
     if (primera || !pantalla->availableGeometry().contains(conMarco)) {
         ventana->setProperty(kYaColocada, true);
         EncajarEnPantalla(ventana);
-        if (margenes(ventana).isNull()) {
-            revisarMarco(ventana, marcoDe(ventana), 20);
-        }
+        supuesto = marcoDe(ventana);
     }
+    // Every show, the first and the later ones: the window manager maps the window again
+    // and may put it elsewhere.
+    revisarMarco(ventana, supuesto, kRevisiones);
     return false;
 }

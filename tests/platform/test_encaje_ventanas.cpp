@@ -38,9 +38,30 @@ TEST(GeometriaEncajada, CabeCentradaYNuncaMenorQueSuMinimo) {
     for (const auto& c : casos) {
         EXPECT_EQ(GeometriaEncajada(area, c.pedido, c.minimo, marco), c.esperada);
     }
+    // A frame read back before the window manager sized it (1x1 around a 500x460 window)
+    // counts as none: centred, not with its corner at the centre of the screen.
+    EXPECT_EQ(GeometriaEncajada({0, 0, 1024, 768}, {500, 460}, {}, {0, 0, -499, -459}),
+              QRect(262, 154, 500, 460));
     // A second screen, or a panel on the left.
     EXPECT_EQ(GeometriaEncajada({1280, 30, 800, 600}, {400, 300}, {}, {}),
               QRect(1480, 180, 400, 300));
+}
+
+TEST(MargenesMarco, SoloUnMarcoQueRodeaLaVentana) {
+    const QRect ventana(262, 161, 500, 460);
+    const struct {
+        QRect marco;
+        QMargins esperados;
+    } casos[] = {
+        {{261, 141, 502, 485}, {1, 20, 1, 5}}, // framed: border, title bar, bottom handle
+        {{262, 161, 500, 460}, {}},            // not framed yet
+        {{262, 161, 1, 1}, {}},                // framed, the frame not sized yet
+        {{511, 363, 502, 485}, {}},            // a frame left behind where the window was
+    };
+    for (const auto& c : casos) {
+        EXPECT_EQ(MargenesMarco(c.marco, ventana), c.esperados)
+            << c.marco.x() << "," << c.marco.y();
+    }
 }
 
 class EncajeVentanasPrueba : public ::testing::Test {
