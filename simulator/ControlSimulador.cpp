@@ -1,5 +1,7 @@
 #include "ControlSimulador.h"
 
+#include "Respuestas.h"
+
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
@@ -9,32 +11,8 @@ namespace {
 
 using json = nlohmann::ordered_json;
 
-Respuesta Json(const json& valor) {
-    Respuesta r;
-    r.Tipo = "application/json; charset=utf-8";
-    // Bytes that are not UTF-8 (a raw query can hold anything) become U+FFFD rather than
-    // failing the whole answer.
-    r.Cuerpo = valor.dump(-1, ' ', false, json::error_handler_t::replace);
-    return r;
-}
-
-Respuesta Fallo(int estado, std::string texto) {
-    Respuesta r;
-    r.Estado = estado;
-    r.Cuerpo = std::move(texto);
-    return r;
-}
-
 Respuesta Hecho() {
-    return Json(json{{"ok", true}});
-}
-
-// Ids and passwords may come as JSON numbers or texts; the service compares texts.
-std::string ComoTexto(const json& valor) {
-    if (valor.is_string()) {
-        return valor.get<std::string>();
-    }
-    return valor.dump();
+    return RespuestaJson(json{{"ok", true}});
 }
 
 json PedidoAJson(const ServicioSimulado::PedidoGuardado& guardado) {
@@ -67,7 +45,7 @@ Respuesta Configurar(ServicioSimulado& servicio, const json& cuerpo) {
     }
     if (cuerpo.contains("documentoTexto")) {
         if (!cuerpo["documentoTexto"].is_string()) {
-            return Fallo(400, "documentoTexto debe ser texto");
+            return RespuestaTexto(400, "documentoTexto debe ser texto");
         }
         configuracion.Documento = cuerpo["documentoTexto"].get<std::string>();
     } else if (cuerpo.contains("documento")) {
@@ -81,7 +59,7 @@ Respuesta AnadirFallo(ServicioSimulado& servicio, const json& cuerpo) {
     ServicioSimulado::Fallo fallo;
     fallo.Tipo = cuerpo.value("tipo", "");
     if (!ServicioSimulado::TipoDeFalloValido(fallo.Tipo)) {
-        return Fallo(400, "tipo de fallo desconocido: " + fallo.Tipo);
+        return RespuestaTexto(400, "tipo de fallo desconocido: " + fallo.Tipo);
     }
     // A day is plenty for any hang, and keeps clock arithmetic in range.
     fallo.Segundos = std::clamp(cuerpo.value("segundos", 0.0), 0.0, 86400.0);
@@ -97,11 +75,11 @@ Respuesta AnadirFallo(ServicioSimulado& servicio, const json& cuerpo) {
 Respuesta GenerarPedidos(ServicioSimulado& servicio, const json& cuerpo) {
     ClasePedido clase = ClasePedido::Mezcla;
     if (!LeerClasePedido(cuerpo.value("clase", "mezcla"), clase)) {
-        return Fallo(400, "clase de pedido desconocida");
+        return RespuestaTexto(400, "clase de pedido desconocida");
     }
     const int cantidad = cuerpo.value("cantidad", 1);
     if (cantidad < 0 || cantidad > 10000) {
-        return Fallo(400, "cantidad fuera de límites");
+        return RespuestaTexto(400, "cantidad fuera de límites");
     }
     const auto nuevos = servicio.GenerarPedidos(cantidad, cuerpo.value("semilla", 1ULL), clase,
                                                 cuerpo.value("productos", 0));
@@ -109,13 +87,13 @@ Respuesta GenerarPedidos(ServicioSimulado& servicio, const json& cuerpo) {
     for (const auto& p : nuevos) {
         lista.push_back(PedidoAJson(p));
     }
-    return Json(lista);
+    return RespuestaJson(lista);
 }
 
 Respuesta Encolar(ServicioSimulado& servicio, const json& cuerpo) {
     if (!cuerpo.contains("ruta") || !cuerpo["ruta"].is_string() || !cuerpo.contains("cuerpos") ||
         !cuerpo["cuerpos"].is_array()) {
-        return Fallo(400, "se esperan ruta y cuerpos");
+        return RespuestaTexto(400, "se esperan ruta y cuerpos");
     }
     servicio.Encolar(cuerpo["ruta"].get<std::string>(),
                      cuerpo["cuerpos"].get<std::vector<std::string>>());
@@ -135,7 +113,7 @@ Respuesta AtenderControl(ServicioSimulado& servicio, const Peticion& peticion) {
     if (metodo == "POST" || metodo == "PUT") {
         cuerpo = json::parse(peticion.Cuerpo, nullptr, false);
         if (!cuerpo.is_object()) {
-            return Fallo(400, "el cuerpo debe ser un objeto JSON");
+            return RespuestaTexto(400, "el cuerpo debe ser un objeto JSON");
         }
     }
     try {
@@ -161,7 +139,7 @@ Respuesta AtenderControl(ServicioSimulado& servicio, const Peticion& peticion) {
                 }
                 lista.push_back(entrada);
             }
-            return Json(lista);
+            return RespuestaJson(lista);
         }
         if (recurso == "registro" && metodo == "DELETE") {
             servicio.LimpiarRegistro();
@@ -189,20 +167,21 @@ Respuesta AtenderControl(ServicioSimulado& servicio, const Peticion& peticion) {
         }
         if (recurso == "configuracion" && metodo == "GET") {
             const auto c = servicio.ConfiguracionActual();
-            return Json({{"idEstablecimiento", c.Id},
-                         {"passwordconfig", c.Password},
-                         {"numconfig", c.NumConfig},
-                         {"documentoTexto", c.Documento}});
+            return RespuestaJson({{"idEstablecimiento", c.Id},
+                                  {"passwordconfig", c.Password},
+                                  {"numconfig", c.NumConfig},
+                                  {"documentoTexto", c.Documento}});
         }
         if (recurso == "actualizacion" && metodo == "PUT") {
             std::string error;
-            return servicio.Actualizaciones().Configurar(cuerpo, error) ? Hecho()
-                                                                        : Fallo(400, error);
+            return servicio.Actualizaciones().Configurar(cuerpo, error)
+                       ? Hecho()
+                       : RespuestaTexto(400, error);
         }
         if (recurso == "categorias" && metodo == "PUT") {
             json categorias;
             if (!LeerCategoriasDeControl(cuerpo, categorias)) {
-                return Fallo(400, "se espera categorias: una lista");
+                return RespuestaTexto(400, "se espera categorias: una lista");
             }
             servicio.PonerCategorias(std::move(categorias));
             return Hecho();
@@ -210,21 +189,21 @@ Respuesta AtenderControl(ServicioSimulado& servicio, const Peticion& peticion) {
         if (recurso == "carta" && metodo == "PUT") {
             return servicio.PonerCarta(cuerpo.value("documento", json()))
                        ? Hecho()
-                       : Fallo(400, "la carta debe ser un objeto con \"categorias\"");
+                       : RespuestaTexto(400, "la carta debe ser un objeto con \"categorias\"");
         }
         if (recurso == "mensajes" && metodo == "POST") {
             MensajesSimulados::Mensaje creado;
             std::string error;
             if (!servicio.Mensajes().Crear(cuerpo, creado, error)) {
-                return Fallo(400, error);
+                return RespuestaTexto(400, error);
             }
             // "ruta": the poll that carries it (a print-and-messages desk asks another one).
             servicio.Encolar(cuerpo.value("ruta", std::string("pedidosgprs/pedidosnuevos")),
                              {MensajesSimulados::Cuerpo(creado)});
-            return Json(MensajesSimulados::AJson(creado));
+            return RespuestaJson(MensajesSimulados::AJson(creado));
         }
         if (recurso == "mensajes" && metodo == "GET") {
-            return Json(servicio.Mensajes().Lista());
+            return RespuestaJson(servicio.Mensajes().Lista());
         }
         if (recurso == "pedidos" && metodo == "POST") {
             return GenerarPedidos(servicio, cuerpo);
@@ -234,13 +213,13 @@ Respuesta AtenderControl(ServicioSimulado& servicio, const Peticion& peticion) {
             for (const auto& p : servicio.Pedidos()) {
                 lista.push_back(PedidoAJson(p));
             }
-            return Json(lista);
+            return RespuestaJson(lista);
         }
     } catch (const json::exception& e) {
         // A value of the wrong type in the body.
-        return Fallo(400, e.what());
+        return RespuestaTexto(400, e.what());
     }
-    return Fallo(404, "control desconocido: " + metodo + " " + ruta);
+    return RespuestaTexto(404, "control desconocido: " + metodo + " " + ruta);
 }
 
 } // namespace simulador

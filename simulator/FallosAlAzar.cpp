@@ -1,6 +1,7 @@
 #include "FallosAlAzar.h"
 
 #include "GeneradorPedidos.h"
+#include "Respuestas.h"
 #include "ServicioSimulado.h"
 
 #include <algorithm>
@@ -11,14 +12,6 @@ namespace {
 
 constexpr const char* kTodos[] = {"rechazar",  "colgar",    "error",   "vacio",  "basura",
                                   "status500", "titulo502", "http500", "cortado"};
-
-Respuesta JsonDe(const nlohmann::ordered_json& valor, int estado = 200) {
-    Respuesta r;
-    r.Estado = estado;
-    r.Tipo = "application/json; charset=utf-8";
-    r.Cuerpo = valor.dump();
-    return r;
-}
 
 } // namespace
 
@@ -121,16 +114,16 @@ Respuesta AtenderAzar(FallosAlAzar& azar, const std::string& metodo,
             r.Cuerpo = error;
             return r;
         }
-        return JsonDe(azar.Estado());
+        return RespuestaJson(azar.Estado());
     }
     if (metodo == "DELETE") {
         azar.Parar();
-        return JsonDe(azar.Estado());
+        return RespuestaJson(azar.Estado());
     }
     if (metodo == "GET") {
-        return JsonDe(azar.Estado());
+        return RespuestaJson(azar.Estado());
     }
-    return JsonDe({{"error", "método no admitido"}}, 405);
+    return RespuestaJson({{"error", "método no admitido"}}, 405);
 }
 
 } // namespace simulador

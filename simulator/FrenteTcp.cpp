@@ -1,6 +1,7 @@
 #include "FrenteTcp.h"
 
 #include "ControlSimulador.h"
+#include "Respuestas.h"
 
 #include <algorithm>
 #include <arpa/inet.h>
@@ -28,14 +29,6 @@ std::string Minusculas(std::string texto) {
     std::transform(texto.begin(), texto.end(), texto.begin(),
                    [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
     return texto;
-}
-
-std::string Recortar(const std::string& texto) {
-    const auto inicio = texto.find_first_not_of(" \t");
-    if (inicio == std::string::npos) {
-        return "";
-    }
-    return texto.substr(inicio, texto.find_last_not_of(" \t") - inicio + 1);
 }
 
 const char* Frase(int estado) {

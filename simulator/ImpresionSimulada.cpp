@@ -1,6 +1,7 @@
 #include "ImpresionSimulada.h"
 
 #include "ControlSimulador.h"
+#include "Respuestas.h"
 #include "ServicioSimulado.h"
 
 #include <algorithm>
@@ -11,49 +12,6 @@ namespace simulador {
 namespace {
 
 using json = nlohmann::ordered_json;
-
-std::string Recortar(const std::string& texto) {
-    const auto inicio = texto.find_first_not_of(" \t");
-    if (inicio == std::string::npos) {
-        return {};
-    }
-    return texto.substr(inicio, texto.find_last_not_of(" \t") - inicio + 1);
-}
-
-// "23/11/2026 9:05:07", the service's way of writing the acceptance time.
-std::string Ahora() {
-    const std::time_t t = std::time(nullptr);
-    std::tm local{};
-    localtime_r(&t, &local);
-    char texto[64];
-    std::snprintf(texto, sizeof texto, "%02d/%02d/%04d %d:%02d:%02d", local.tm_mday,
-                  local.tm_mon + 1, local.tm_year + 1900, local.tm_hour, local.tm_min,
-                  local.tm_sec);
-    return texto;
-}
-
-Respuesta Texto(std::string cuerpo) {
-    Respuesta r;
-    r.Cuerpo = std::move(cuerpo);
-    return r;
-}
-
-Respuesta ComoJson(const json& valor) {
-    Respuesta r;
-    r.Tipo = "application/json; charset=utf-8";
-    r.Cuerpo = valor.dump(-1, ' ', false, json::error_handler_t::replace);
-    return r;
-}
-
-Respuesta Error(int estado, std::string texto) {
-    Respuesta r = Texto(std::move(texto));
-    r.Estado = estado;
-    return r;
-}
-
-std::string ComoTexto(const json& valor) {
-    return valor.is_string() ? valor.get<std::string>() : valor.dump();
-}
 
 } // namespace
 
@@ -179,7 +137,7 @@ ServicioSimulado::GenerarAceptadosParaImprimir(int cantidad, std::uint64_t semil
         // Accepted at another desk or on the service's panel, with the usual half hour.
         p.Estado = "Aceptado";
         p.TiempoOMotivo = "30";
-        p.HoraAceptacion = Ahora();
+        p.HoraAceptacion = FechaHoraServicio(std::chrono::system_clock::now());
         p.RealizadoEl = p.HoraAceptacion.substr(0, p.HoraAceptacion.rfind(':'));
         pedidos_[siguientePedido_++] = guardado;
         impresion_.Anadir(p.NumPedido, LineaPedido(p));
@@ -213,26 +171,26 @@ std::optional<Respuesta> AtenderControlImpresion(ServicioSimulado& servicio,
     if (recurso == "imprimir" && metodo == "POST") {
         ClasePedido clase = ClasePedido::Mezcla;
         if (!LeerClasePedido(cuerpo.value("clase", std::string("mezcla")), clase)) {
-            return Error(400, "clase de pedido desconocida");
+            return RespuestaTexto(400, "clase de pedido desconocida");
         }
         const int cantidad = cuerpo.value("cantidad", 1);
         if (cantidad < 0 || cantidad > 10000) {
-            return Error(400, "cantidad fuera de límites");
+            return RespuestaTexto(400, "cantidad fuera de límites");
         }
         json lista = json::array();
         for (const auto& p : servicio.GenerarAceptadosParaImprimir(
                  cantidad, cuerpo.value("semilla", 1ULL), clase, cuerpo.value("productos", 0))) {
             lista.push_back({{"numero", p.Pedido.NumPedido}, {"linea", LineaPedido(p.Pedido)}});
         }
-        return ComoJson(lista);
+        return RespuestaJson(lista);
     }
     if (recurso == "imprimir" && metodo == "GET") {
-        return ComoJson(servicio.Impresion());
+        return RespuestaJson(servicio.Impresion());
     }
     if (recurso == "estado" && metodo == "PUT") {
         if (!cuerpo.contains("estado") || !cuerpo["estado"].is_number_integer() ||
             cuerpo.contains("pedido") == cuerpo.contains("mensaje")) {
-            return Error(400, "se espera estado (entero) y pedido o mensaje");
+            return RespuestaTexto(400, "se espera estado (entero) y pedido o mensaje");
         }
         const int estado = cuerpo["estado"].get<int>();
         if (cuerpo.contains("pedido")) {
@@ -242,11 +200,11 @@ std::optional<Respuesta> AtenderControlImpresion(ServicioSimulado& servicio,
             try {
                 id = std::stol(ComoTexto(cuerpo["mensaje"]));
             } catch (const std::exception&) {
-                return Error(400, "mensaje debe ser un número");
+                return RespuestaTexto(400, "mensaje debe ser un número");
             }
             servicio.PonerEstadoMensaje(id, estado, cuerpo.value("respuesta", std::string()));
         }
-        return ComoJson(json{{"ok", true}});
+        return RespuestaJson(json{{"ok", true}});
     }
     return std::nullopt;
 }

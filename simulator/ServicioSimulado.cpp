@@ -1,6 +1,7 @@
 #include "ServicioSimulado.h"
 
 #include "ConfiguracionInicial.h"
+#include "Respuestas.h"
 
 #include <algorithm>
 #include <array>
@@ -23,18 +24,6 @@ std::string Hora(std::chrono::system_clock::time_point momento, const char* form
     localtime_r(&t, &local);
     char texto[64];
     std::strftime(texto, sizeof texto, formato, &local);
-    return texto;
-}
-
-// Spanish date and time as the service writes it: "22/11/2026 9:05:07".
-std::string FechaHora(std::chrono::system_clock::time_point momento) {
-    const std::time_t t = std::chrono::system_clock::to_time_t(momento);
-    std::tm local{};
-    localtime_r(&t, &local);
-    char texto[64];
-    std::snprintf(texto, sizeof texto, "%02d/%02d/%04d %d:%02d:%02d", local.tm_mday,
-                  local.tm_mon + 1, local.tm_year + 1900, local.tm_hour, local.tm_min,
-                  local.tm_sec);
     return texto;
 }
 
@@ -273,7 +262,7 @@ Respuesta ServicioSimulado::Normal(const std::string& ruta, const std::string& c
         r.Cuerpo = carta_.Agotados();
     } else if (ruta == "pedidosgprs/marcarDesmarcarProductoAgotado") {
         r.Cuerpo = carta_.Marcar(consulta, CredencialesCorrectas(consulta, true),
-                                 FechaHora(std::chrono::system_clock::now()));
+                                 FechaHoraServicio(std::chrono::system_clock::now()));
     } else if (ruta == "pedidosgprs/obtenerPedidos" || ruta == "pedidosgprs/obtenerTotales") {
         r.Tipo = "application/json; charset=utf-8";
         r.Cuerpo = Historial(ruta, consulta);
@@ -486,7 +475,7 @@ std::string ServicioSimulado::Responder(const std::string& consulta) {
         p->Pedido.Estado = "Aceptado";
         // "20_Minutos" carries 20.
         p->Pedido.TiempoOMotivo = m.substr(0, m.find('_'));
-        p->Pedido.HoraAceptacion = FechaHora(std::chrono::system_clock::now());
+        p->Pedido.HoraAceptacion = FechaHoraServicio(std::chrono::system_clock::now());
     } else if (ak == "Rejected") {
         p->Pedido.Estado = "Rechazado";
         p->Pedido.TiempoOMotivo = m;
