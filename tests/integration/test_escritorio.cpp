@@ -38,10 +38,21 @@ TEST(Escritorio, PrimerArranqueConCarpetaVaciaSondeaUnaVezYEspera) {
     EXPECT_EQ(v.value(QStringLiteral("TextEstablecimiento")).texto,
               QStringLiteral("No configurado"));
     EXPECT_EQ(v.value(QStringLiteral("TextEstadoConexion")).texto, QStringLiteral("En línea"));
-    EXPECT_TRUE(desk.cajas().isEmpty());
     // The first start leaves a fresh config.txt of 18 bytes in the empty folder.
     EXPECT_EQ(QFileInfo(QDir(desk.carpeta()).filePath(QStringLiteral("config.txt"))).size(), 18);
-    EXPECT_TRUE(desk.enMarcha());
+
+    // The end of a session (the terminate signal) closes cleanly and asks nothing.
+    ASSERT_TRUE(desk.enMarcha());
+    ::kill(static_cast<pid_t>(desk.pid()), SIGTERM);
+    int codigo = -1;
+    ASSERT_TRUE(desk.esperarFin(10000, &codigo));
+    EXPECT_EQ(codigo, 0);
+    EXPECT_TRUE(desk.cajas().isEmpty());
+    EXPECT_FALSE(
+        QFile::exists(QDir(desk.carpeta()).filePath(QStringLiteral(".TarvimentaPedidos.lock"))));
+    // The closing request goes only after the user's own closing and its Yes.
+    EXPECT_TRUE(
+        sim.consultas(QStringLiteral("establecimiento/cerrarAbrirEstablecHasta")).isEmpty());
 }
 
 TEST(Escritorio, UnSegundoArranqueDeLaMismaInstalacionTerminaEnSilencio) {
@@ -70,22 +81,4 @@ TEST(Escritorio, UnSegundoArranqueDeLaMismaInstalacionTerminaEnSilencio) {
     ASSERT_TRUE(tercero.iniciar(sim.base()));
     EXPECT_TRUE(sim.esperarPeticion(QStringLiteral("pedidosgprs/pedidosnuevos"), 20000));
     EXPECT_TRUE(tercero.enMarcha());
-}
-
-TEST(Escritorio, SeCierraLimpioAnteLaSennalDeTerminacion) {
-    SimuladorPrueba sim;
-    ASSERT_TRUE(sim.enMarcha());
-    EscritorioPrueba desk;
-    ASSERT_TRUE(desk.iniciar(sim.base()));
-    ASSERT_TRUE(sim.esperarPeticion(QStringLiteral("pedidosgprs/pedidosnuevos"), 20000));
-    ::kill(static_cast<pid_t>(desk.pid()), SIGTERM);
-    int codigo = -1;
-    ASSERT_TRUE(desk.esperarFin(10000, &codigo));
-    EXPECT_EQ(codigo, 0);
-    EXPECT_TRUE(desk.cajas().isEmpty()) << "the end of a session asks nothing";
-    EXPECT_FALSE(
-        QFile::exists(QDir(desk.carpeta()).filePath(QStringLiteral(".TarvimentaPedidos.lock"))));
-    // The closing request goes only after the user's own closing and its Yes.
-    EXPECT_TRUE(
-        sim.consultas(QStringLiteral("establecimiento/cerrarAbrirEstablecHasta")).isEmpty());
 }
