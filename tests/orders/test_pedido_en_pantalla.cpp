@@ -307,9 +307,7 @@ TEST_F(Escritorio, LaEntradaMusicaToca) {
 }
 
 TEST_F(Escritorio, ConActualizarConfigConPedidoLaConfiguracionSeLeeAntesDelPedido) {
-    m.IdEstablecimiento = 7;
-    m.PasswordConfig = QStringLiteral("clave");
-    m.NumConfig = 1;
+    DarEstablecimiento(m, 1);
     m.ActualizarConfigConPedido = true;
     m.IntervaloEscaneoPedido = 0; // what the service sends back is seen below
     sim.limpiarRegistro();
