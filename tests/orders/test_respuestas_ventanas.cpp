@@ -2,6 +2,7 @@
 // The service records queries as they came over the wire: blanks as %20, others raw.
 #include "common/CapturaEP.h"
 #include "common/DatosEsperados.h"
+#include "common/ImpresoraEPDeSerie.h"
 #include "common/MostradorSimulado.h"
 #include "common/PedidosDeMuestra.h"
 #include "orders/FormAceptarPedido.h"
@@ -37,14 +38,10 @@ struct Respuestas : MostradorSimulado {
         m.RestId = 41;
         m.Pgprs = QStringLiteral("pg7");
         m.MotivosRechazo = {QStringLiteral("Cerrado por hoy"), rp::NoHayIngredientes};
-        ClassConfigImpresora& i = m.Impresora(1);
-        i.TipoImpresion = QStringLiteral("EP");
-        i.NombreImpresora = QStringLiteral("Mostrador");
-        i.EPConexion = QStringLiteral("mostrador");
-        i.EPNumColumnas = 48;
-        i.NumeroCopiasAceptado = 2;
-        i.NumeroCopiasAceptadoRecoger = -1;
-        i.NumeroCopiasRechazado = 1;
+        m.Impresora(1) =
+            ImpresoraEPDeSerie(QStringLiteral("Mostrador"), QStringLiteral("mostrador"));
+        m.Impresora(1).NumeroCopiasAceptado = 2;
+        m.Impresora(1).NumeroCopiasRechazado = 1;
     }
 
     RespuestasPedido& r() { return f->respuestasPedido(); }
