@@ -111,8 +111,6 @@ TEST_F(Form1_, SinEstablecimientoLaPrimeraActivacionSondeaUnaVezYNadaMas) {
     EXPECT_EQ(texto("TextEstadoApertura"), QStringLiteral("Abierto"));
     EXPECT_EQ(fondo("TextEstadoApertura"), ColorVB(65280));
     EXPECT_TRUE(control("butCerrar")->isEnabled());
-    EXPECT_TRUE(control("butCerrar")->isVisible());
-    EXPECT_FALSE(control("butCancelarCerrar")->isVisible());
 
     // Becoming active again polls only when the configuration asks for it; an unreadable
     // list leaves the main list empty.
