@@ -130,14 +130,6 @@ TEST_F(Form1_, SinEstablecimientoLaPrimeraActivacionSondeaUnaVezYNadaMas) {
     EXPECT_EQ(e.canales.directo->urls.size(), 5);
 }
 
-TEST_F(Form1_, ConEstablecimientoArrancaTimerPrimeraConfigCadaTresSegundos) {
-    e.m.IdEstablecimiento = 7;
-    activar();
-    EXPECT_TRUE(f.TimerPrimeraConfig().enabled());
-    EXPECT_EQ(f.TimerPrimeraConfig().interval(), 3000);
-    EXPECT_FALSE(f.TimerPedidos().enabled());
-}
-
 TEST_F(Form1_, LaPantallaDeConexionSigueALaUltimaPeticion) {
     // (A failed poll's red display is the real gateway's test.)
     e.m.UrlBase = e.m.UrlBaseHttp;
@@ -283,8 +275,9 @@ TEST_F(Form1Configuracion_, UnaLecturaBuenaSeAplicaALaVentanaYALosTimers) {
 }
 
 TEST_F(Form1Configuracion_, UnaLecturaFallidaNoCambiaNadaYLaPrimeraConfigSigue) {
-    f.TimerPrimeraConfig().setInterval(3000);
-    f.TimerPrimeraConfig().setEnabled(true);
+    // With an establishment, the activation arms the first reading every three seconds.
+    activar();
+    EXPECT_EQ(f.TimerPrimeraConfig().interval(), 3000);
     e.canales.directo->responder("{\"status\":500}");
     e.canales.directo->responder("{\"status\":500}");
     EXPECT_FALSE(f.RefrescarConfiguracion());
