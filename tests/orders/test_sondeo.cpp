@@ -20,16 +20,12 @@ TEST(Sondeo, LaPeticionLlevaLosValoresEnSuOrden) {
 }
 
 TEST(Sondeo, LaLineaDePedidoSigueElPatronClasico) {
-    EXPECT_TRUE(EsLineaPedido(QStringLiteral("#a#")));
-    EXPECT_TRUE(EsLineaPedido(QStringLiteral("#1*2*3#")));
-    EXPECT_TRUE(EsLineaPedido(QStringLiteral("###")));
-    EXPECT_TRUE(EsLineaPedido(QStringLiteral("#a\rb#")));
-    EXPECT_FALSE(EsLineaPedido(QStringLiteral("##")));
-    EXPECT_FALSE(EsLineaPedido(QStringLiteral("#")));
-    EXPECT_FALSE(EsLineaPedido(QStringLiteral("#a\nb#")));
-    EXPECT_FALSE(EsLineaPedido(QStringLiteral(" #a#")));
-    EXPECT_FALSE(EsLineaPedido(QStringLiteral("#a# ")));
-    EXPECT_FALSE(EsLineaPedido(QString()));
+    for (const char* t : {"#a#", "#1*2*3#", "###", "#a\rb#"}) {
+        EXPECT_TRUE(EsLineaPedido(QString::fromUtf8(t))) << t;
+    }
+    for (const char* t : {"##", "#", "#a\nb#", " #a#", "#a# ", ""}) {
+        EXPECT_FALSE(EsLineaPedido(QString::fromUtf8(t))) << t;
+    }
 }
 
 TEST(Sondeo, LaPrimeraFilaQueCoincideGana) {
