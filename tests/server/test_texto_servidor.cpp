@@ -52,15 +52,13 @@ TEST(ArreglarUtf8, UltimaPosicionYSegundaPasada) {
     EXPECT_EQ(t, QStringLiteral("€t€."));
 }
 
-TEST(Url, Codificar) {
+TEST(Url, CodificarYDecodificar) {
     EXPECT_EQ(UrlCodificar(QStringLiteral("Pan & vino")), QStringLiteral("Pan+%26+vino"));
     EXPECT_EQ(UrlCodificar(QStringLiteral("a-b_c.d~")), QStringLiteral("a%2Db%5Fc%2Ed%7E"));
     EXPECT_EQ(UrlCodificar(QStringLiteral("Ñ€\n")), QStringLiteral("%D1%80%0A"));
     EXPECT_EQ(UrlCodificar(QStringLiteral("中")), QStringLiteral("%3F"));
     EXPECT_EQ(UrlCodificar(QString()), QString());
-}
 
-TEST(Url, Decodificar) {
     EXPECT_EQ(UrlDecodificar(QStringLiteral("Caja+%231%2C+barra")),
               QStringLiteral("Caja #1, barra"));
     EXPECT_EQ(UrlDecodificar(QStringLiteral("%D1%80")), QStringLiteral("Ñ€"));
