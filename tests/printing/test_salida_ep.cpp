@@ -25,9 +25,7 @@ TEST(ComandosEP, CadaAjusteDaSusBytes) {
     EXPECT_TRUE(BytesComandoEP("").isEmpty());
     EXPECT_TRUE(BytesComandoEP("1,2,3,4,5,6,7").isEmpty());
     EXPECT_TRUE(BytesComandoEP("27,x,1,2,3,4,5").isEmpty()) << "seven pieces: not even read";
-}
-
-TEST(ComandosEP, PiezaNoNumericaOFueraDeByteEsErrorDeEjecucion) {
+    // A piece that is no number, or no byte, is a run-time error.
     EXPECT_EQ(numeroDeError([] { BytesComandoEP("27,x"); }), 13);
     EXPECT_EQ(numeroDeError([] { BytesComandoEP("27,,48"); }), 13);
     EXPECT_EQ(numeroDeError([] { BytesComandoEP("27/33"); }), 13) << "no split at '/'";
