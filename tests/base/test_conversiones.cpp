@@ -8,15 +8,12 @@
 
 using clasico::Decimal;
 
-TEST(IsNumeric, FormasEspannolasAceptadas) {
+TEST(IsNumeric, FormasEspannolasAceptadasYRechazadas) {
     for (const char* t :
          {"0", "  12  ", "-3", "+3", "3-", "1.234", "1.234,5", "1.234.567,25", ",5", "5,", "1e3",
           "1,5E-2", "2d2", "12 €", "€12", "-€ 12", "€-12", "12€-", "\t7\t"}) {
         EXPECT_TRUE(clasico::IsNumeric(QString::fromUtf8(t))) << t;
     }
-}
-
-TEST(IsNumeric, FormasRechazadas) {
     for (const char* t : {"", "   ", "-", ",", ".5", "1,2,3", "1..2", "1,5.3", "12a", "1e", "1e+",
                           "--1", "+-1", "-1-", "€", "€12€", "1 2", "abc", "0x10"}) {
         EXPECT_FALSE(clasico::IsNumeric(QString::fromUtf8(t))) << t;

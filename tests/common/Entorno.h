@@ -19,3 +19,11 @@ struct Entorno {
     RegistroCajas* cajas = nullptr;
     CanalesFalsos canales;
 };
+
+// The establishment the tests' services know: id 7, password "clave", configuration
+// `numConfig`.
+inline void DarEstablecimiento(ModuloPrincipal& m, int numConfig) {
+    m.IdEstablecimiento = 7;
+    m.PasswordConfig = QStringLiteral("clave");
+    m.NumConfig = numConfig;
+}

@@ -1,5 +1,9 @@
 #include "common/EscritorioPrueba.h"
 
+#include "base/ArchivosLocales.h"
+#include "base/CifradoAjustes.h"
+#include "base/ModuloPrincipal.h"
+
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
@@ -107,4 +111,14 @@ QList<EscritorioPrueba::Caja> EscritorioPrueba::cajas() const {
 bool EscritorioPrueba::esperarVentana(
     const std::function<bool(const QMap<QString, Control>&)>& condicion, int msMax) const {
     return EsperarHasta([&] { return condicion(ventana()); }, msMax);
+}
+
+void PrepararEstablecimiento(const QString& carpeta, int id, const QString& clave, int numConfig) {
+    ModuloPrincipal m;
+    m.CarpetaDatos = carpeta;
+    m.IdEstablecimiento = id;
+    m.PasswordConfigCifrada = CifrarAjuste(clave, ModuloPrincipal::ClaveAjustes);
+    m.NumConfig = numConfig;
+    m.AccesosCreados = 1;
+    GuardarConfigTxt(m);
 }

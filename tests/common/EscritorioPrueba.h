@@ -57,3 +57,8 @@ private:
     QString registroCajas_;
     QProcess proceso_;
 };
+
+// Leaves in `carpeta` the config.txt of an installation already given establishment `id`
+// with `clave` and configuration number `numConfig`, so the desk starts into it.
+void PrepararEstablecimiento(const QString& carpeta, int id, const QString& clave,
+                             int numConfig = 1);

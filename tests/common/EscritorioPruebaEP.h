@@ -29,10 +29,6 @@ inline const QByteArray CORTE = QByteArray::fromHex("1d564200");
 inline QByteArray L(const QString& texto) {
     return cp1252::aBytes(texto) + '\n';
 }
-// A line given as raw bytes (for PC858 text).
-inline QByteArray Lb(const QByteArray& bytes) {
-    return bytes + '\n';
-}
 inline QByteArray SEP() {
     return L(QString(48, u'-'));
 }

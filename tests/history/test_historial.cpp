@@ -23,9 +23,7 @@ const QByteArray kCabeza =
 struct Historial : ::testing::Test {
     Entorno e;
     Historial() {
-        e.m.IdEstablecimiento = 7;
-        e.m.PasswordConfig = QStringLiteral("clave");
-        e.m.NumConfig = 2;
+        DarEstablecimiento(e.m, 2);
         e.m.NumeroPedidosHistorico = 30;
     }
 };

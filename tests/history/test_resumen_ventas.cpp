@@ -53,9 +53,7 @@ struct Resumen : ::testing::Test {
     Entorno e;
     CapturaEP captura{e.m};
     Resumen() {
-        e.m.IdEstablecimiento = 7;
-        e.m.PasswordConfig = QStringLiteral("clave");
-        e.m.NumConfig = 2;
+        DarEstablecimiento(e.m, 2);
         e.m.Impresora(1) = ImpresoraEPDeSerie(QStringLiteral("Caja"), QStringLiteral("mem"));
     }
     void responder(const QByteArray& cuerpo) { e.canales.directo->responder(cuerpo); }

@@ -2,6 +2,7 @@
 // service: what the save sends, and the printer printing at once.
 #include "common/ControlDeHueco.h"
 #include "common/DatosEsperados.h"
+#include "common/Entorno.h"
 #include "common/ImprimirQString.h"
 #include "common/MostradorSimulado.h"
 #include "printing/RutasImpresion.h"
@@ -17,11 +18,7 @@
 namespace {
 
 struct AjustesSimulador : MostradorSimulado {
-    void configurar() override {
-        m.IdEstablecimiento = 7;
-        m.PasswordConfig = QStringLiteral("clave");
-        m.NumConfig = 1;
-    }
+    void configurar() override { DarEstablecimiento(m, 1); }
     void SetUp() override {
         MostradorSimulado::SetUp();
         ASSERT_TRUE(f->RefrescarConfiguracion());

@@ -343,9 +343,7 @@ TEST(ParsearPedido, SeparadoresDeMasDesplazanLosCamposSinAdivinar) {
 
 TEST(ObtenerPedido, PideElPedidoYSoloUnaLineaDePedidoCambiaElRegistro) {
     Entorno e;
-    e.m.IdEstablecimiento = 7;
-    e.m.PasswordConfig = QStringLiteral("clave");
-    e.m.NumConfig = 2;
+    DarEstablecimiento(e.m, 2);
     e.canales.directo->responder(cp1252::aBytes(linea(datosBase())));
     QString resumen;
     EXPECT_TRUE(ObtenerPedido(e.m, QStringLiteral("4521"), &resumen));

@@ -1,7 +1,7 @@
 // Answering an order without windows: the call, the reason, the print around the send.
-#include "base/ClassConfigImpresora.h"
 #include "common/CapturaEP.h"
 #include "common/Entorno.h"
+#include "common/ImpresoraEPDeSerie.h"
 #include "orders/RespuestaPedido.h"
 
 #include <gtest/gtest.h>
@@ -23,14 +23,9 @@ struct Respuesta : ::testing::Test {
         m.Pgprs = QStringLiteral("clave9");
         m.UltimoIdPedido = QStringLiteral("5001");
         // A raw printer with one accepted copy and one rejected copy.
-        ClassConfigImpresora& i = m.Impresora(1);
-        i.TipoImpresion = QStringLiteral("EP");
-        i.NombreImpresora = QStringLiteral("Mostrador");
-        i.EPConexion = QStringLiteral("mostrador");
-        i.EPNumColumnas = 48;
-        i.NumeroCopiasAceptado = 1;
-        i.NumeroCopiasAceptadoRecoger = -1;
-        i.NumeroCopiasRechazado = 1;
+        m.Impresora(1) =
+            ImpresoraEPDeSerie(QStringLiteral("Mostrador"), QStringLiteral("mostrador"));
+        m.Impresora(1).NumeroCopiasRechazado = 1;
         Pedido& p = m.PedidoActual;
         p.NumPedido = QStringLiteral("5001");
         p.FormaEntrega = QStringLiteral("Calle Sol 3");

@@ -2,7 +2,9 @@
 // The service records queries as they came over the wire: blanks as %20, others raw.
 #include "common/CapturaEP.h"
 #include "common/DatosEsperados.h"
+#include "common/ImpresoraEPDeSerie.h"
 #include "common/MostradorSimulado.h"
+#include "common/PedidosDeMuestra.h"
 #include "orders/FormAceptarPedido.h"
 #include "orders/FormPedidoNuevo.h"
 #include "orders/FormRechazarPedido.h"
@@ -29,19 +31,6 @@ const QString kSinConexion = QStringLiteral(
     "No se ha podido responder al pedido porque no hay conexión, por favor, compruebe su "
     "conexión a Internet y vuelva a intentarlo.");
 
-const QString kDomicilio = QStringLiteral(
-    "#PED*web*5001*2%Pizza Cuatro Quesos%23.00%101%12;1%Tarta de queso%4.50%150%15;*2.00*0.00;"
-    "29.50;88;María Núñez;Calle Mayor 5;14/11/2026 21:02%%Para: Ahora;4;6;Tarjeta;600111222;"
-    "Pendiente;;;0.35;;0;29.85;*Timbre roto#");
-const QString kProgramado = QStringLiteral(
-    "#PED*web*5002*1%Hamburguesa clásica%9.90%201%13;*0.00*0.00;9.90;89;Jorge Peña;Recogen;"
-    "14/11/2026 18:40%%Para: 21:30%%Sábado 15%%n;0;6;PayPal;611222333;Pendiente;;;0.00;;1;"
-    "9.90;*#");
-const QString kEfectivo = QStringLiteral(
-    "#PED*web*5003*3%Croquetas caseras%7.50%301%11;*1.50*1.00;8.00;90;Ana Ruiz;Avda. Sol 3;"
-    "14/11/2026 21:10%%Para: Ahora;0;1;Efectivo Cambio: 50;622333444;Pendiente;;;0.00;0;0;"
-    "8.50;*#");
-
 struct Respuestas : MostradorSimulado {
     CapturaEP captura{m};
 
@@ -49,14 +38,10 @@ struct Respuestas : MostradorSimulado {
         m.RestId = 41;
         m.Pgprs = QStringLiteral("pg7");
         m.MotivosRechazo = {QStringLiteral("Cerrado por hoy"), rp::NoHayIngredientes};
-        ClassConfigImpresora& i = m.Impresora(1);
-        i.TipoImpresion = QStringLiteral("EP");
-        i.NombreImpresora = QStringLiteral("Mostrador");
-        i.EPConexion = QStringLiteral("mostrador");
-        i.EPNumColumnas = 48;
-        i.NumeroCopiasAceptado = 2;
-        i.NumeroCopiasAceptadoRecoger = -1;
-        i.NumeroCopiasRechazado = 1;
+        m.Impresora(1) =
+            ImpresoraEPDeSerie(QStringLiteral("Mostrador"), QStringLiteral("mostrador"));
+        m.Impresora(1).NumeroCopiasAceptado = 2;
+        m.Impresora(1).NumeroCopiasRechazado = 1;
     }
 
     RespuestasPedido& r() { return f->respuestasPedido(); }
@@ -237,7 +222,7 @@ TEST_F(Respuestas, ElTecladoBastaParaResponder) {
         QStringList pulsaciones = lineas[caso + 1].split(u' ');
         const QString enviado = lineas[caso + 2];
         sim.limpiarRegistro();
-        llega(pulsaciones.takeFirst() == u"programado" ? kProgramado : kDomicilio);
+        llega(pulsaciones.takeFirst() == u"programado" ? kProgramadoRecogen : kDomicilio);
         ASSERT_TRUE(nuevo().isVisible());
         for (const QString& p : pulsaciones) {
             const QString en = p.section(u':', 0, 0);

@@ -45,9 +45,7 @@ TEST(PartirLineas, CortesEnBlancosYPerdidasConocidas) {
     EXPECT_EQ(PartirLineas("uno\r\n\r\ndos tres", 4), "uno\r\ndos \r\ntres")
         << "empty paragraphs leave no empty line";
     EXPECT_EQ(PartirLineas("Calle Mayor 5, 2ºB", 48), "Calle Mayor 5, 2ºB");
-}
-
-TEST(PartirLineas, AnchoSinSitioEsErrorYNoBucleInfinito) {
+    // A width with no room is an error, not an endless loop.
     EXPECT_THROW(PartirLineas("abc", 0), ErrorEjecucion);
     EXPECT_THROW(PartirLineasEP("abc", 1, "27,33,48", true), ErrorEjecucion);
 }
@@ -114,9 +112,7 @@ TEST(HoraEntregaEstimada, HorasYMinutosSinCeroDelanteNiSegundos) {
     EXPECT_EQ(
         HoraEntregaEstimada(pedidoAceptadoA(QDateTime(QDate(2026, 3, 29), QTime(1, 50)), "30")),
         "2:20");
-}
-
-TEST(HoraEntregaEstimada, MinutosQueNoSonNumeroFallan) {
+    // Minutes that are no number fail.
     EXPECT_EQ(numeroDeError([] {
                   HoraEntregaEstimada(
                       pedidoAceptadoA(QDateTime(QDate(2026, 1, 1), QTime(1, 0)), "null"));

@@ -29,8 +29,11 @@ TEST(CopiasSegunEstado, PorEstadoYRecogida) {
         // Rejected orders only count the rejected copies, collected or not.
         {2, 3, 0, "Rechazado", "Recogen", 0},
         {2, 3, 1, "Rechazado", "Recogen", 1},
-        // Words compared exactly.
+        // Words compared exactly; any other state prints nowhere.
         {2, 2, 2, "aceptado", "Recogen", 0},
+        {2, 2, 2, "Aceptado ", "Calle Mayor 5", 0},
+        {2, 2, 2, "Pendiente", "Calle Mayor 5", 0},
+        {2, 2, 2, "", "Calle Mayor 5", 0},
         {2, -1, 2, "Aceptado", "recogen", 2},
     };
     for (const auto& c : casos) {
@@ -114,15 +117,6 @@ TEST_F(Rutas, RechazadoSoloDondeHayCopiasDeRechazo) {
     EXPECT_EQ(docs("Horno"), 1);
     EXPECT_TRUE(esTicketDeCocina("Horno")) << "a kitchen printer prints its own ticket";
     EXPECT_TRUE(sistema->de("Mostrador").textos().contains("Cerrado"));
-}
-
-TEST_F(Rutas, EstadoDesconocidoNoImprimeNada) {
-    for (const char* e : {"Pendiente", "ACEPTADO", "Aceptado ", ""}) {
-        m.PedidoActual.Estado = e;
-        imprimirSegunEstado(false, false);
-    }
-    EXPECT_EQ(docs("Mostrador") + docs("Horno") + docs("PDF") + cocinaEP(), 0);
-    EXPECT_TRUE(boxes().isEmpty());
 }
 
 TEST_F(Rutas, ProgramadoSinCocinaAlAceptarPeroSiAlReimprimir) {

@@ -21,15 +21,11 @@ TEST(ComandosEP, CadaAjusteDaSusBytes) {
     EXPECT_EQ(BytesComandoEP("255"), hex("ff"));
     EXPECT_EQ(BytesComandoEP(" 27, 100 ,3"), hex("1b6403")) << "blanks around numbers are read";
     EXPECT_EQ(BytesComandoEP("1,2,3,4,5,6"), hex("010203040506"));
-}
-
-TEST(ComandosEP, VacioOMasDeSeisNoEnviaNadaNiFalla) {
+    // Empty or more than six pieces: nothing sent, and no failure.
     EXPECT_TRUE(BytesComandoEP("").isEmpty());
     EXPECT_TRUE(BytesComandoEP("1,2,3,4,5,6,7").isEmpty());
     EXPECT_TRUE(BytesComandoEP("27,x,1,2,3,4,5").isEmpty()) << "seven pieces: not even read";
-}
-
-TEST(ComandosEP, PiezaNoNumericaOFueraDeByteEsErrorDeEjecucion) {
+    // A piece that is no number, or no byte, is a run-time error.
     EXPECT_EQ(numeroDeError([] { BytesComandoEP("27,x"); }), 13);
     EXPECT_EQ(numeroDeError([] { BytesComandoEP("27,,48"); }), 13);
     EXPECT_EQ(numeroDeError([] { BytesComandoEP("27/33"); }), 13) << "no split at '/'";

@@ -114,7 +114,6 @@ TEST_F(TicketCliente, CaracteresPC858) {
     pedidoDomicilio();
     ClassConfigImpresora i = impresoraEP("Barra", "barra");
     i.ReemplazarCaracEscPosPC858 = true;
-    const QByteArray e = "\xd5"; // euro in PC858
     EXPECT_EQ(imprimir(i), TicketEPDatos("ticket_cliente_pc858.txt"));
     EXPECT_EQ(m.TextoPiePagina, u"¡Buen provecho!"_qs) << "PC858 leaves the variables alone";
 }

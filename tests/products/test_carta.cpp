@@ -23,9 +23,7 @@ struct Carta_ : ::testing::Test {
     QList<QList<FilaProducto>> principal;
 
     Carta_() {
-        e.m.IdEstablecimiento = 7;
-        e.m.PasswordConfig = QStringLiteral("clave");
-        e.m.NumConfig = 2;
+        DarEstablecimiento(e.m, 2);
         QObject::connect(&c, &Carta::agotadosLeidos,
                          [this](const QList<FilaProducto>& f) { principal << f; });
     }

@@ -1,5 +1,6 @@
 // The product lists and the closing of the establishment, as the staff use them, against
 // the stand-in service over loopback.
+#include "common/Entorno.h"
 #include "common/MostradorSimulado.h"
 #include "platform/Controles_ui.h"
 #include "products/FormProductosRechazarIngredientes.h"
@@ -17,9 +18,7 @@ const QString kCerrar = QStringLiteral("establecimiento/cerrarAbrirEstablecHasta
 
 struct Listas : MostradorSimulado {
     void configurar() override {
-        m.IdEstablecimiento = 7;
-        m.PasswordConfig = QStringLiteral("clave");
-        m.NumConfig = 1;
+        DarEstablecimiento(m, 1);
         m.RestId = 7;
     }
     static QStringList nombres(const ListaProductos& l) {

@@ -16,11 +16,7 @@ struct Configuracion_ : ::testing::Test {
     Entorno e;
     QSignalSpy info{&e.m, &ModuloPrincipal::textoInfo};
 
-    Configuracion_() {
-        e.m.IdEstablecimiento = 7;
-        e.m.PasswordConfig = QStringLiteral("clave");
-        e.m.NumConfig = 1;
-    }
+    Configuracion_() { DarEstablecimiento(e.m, 1); }
     bool leer(const QByteArray& cuerpo) {
         e.canales.directo->responder(cuerpo);
         bool p = false;

@@ -21,15 +21,12 @@ QString reparado(const char* b) {
 
 } // namespace
 
-TEST(ArreglarUtf8, LetrasLatinasEnSuSitio) {
+TEST(ArreglarUtf8, LetrasLatinasEnSuSitioYLoDemasSeRindeAlEuro) {
     EXPECT_EQ(reparado("a\xC3\xB1o."), QStringLiteral("año."));
     EXPECT_EQ(reparado("\xC2\xA1Hola!"), QStringLiteral("¡Hola!"));
     EXPECT_EQ(reparado("cami\xC3\xB3n y \xC3\x91u"), QStringLiteral("camión y Ñu"));
     EXPECT_EQ(reparado("sin cambios"), QStringLiteral("sin cambios"));
     EXPECT_EQ(reparado(""), QString());
-}
-
-TEST(ArreglarUtf8, TodoLoDemasSeRindeAlEuro) {
     // Three bytes of the euro sign: one character of code 128.
     EXPECT_EQ(reparado("12\xE2\x82\xAC."), QStringLiteral("12€."));
     // Other characters also collapse into the euro sign.
@@ -55,15 +52,13 @@ TEST(ArreglarUtf8, UltimaPosicionYSegundaPasada) {
     EXPECT_EQ(t, QStringLiteral("€t€."));
 }
 
-TEST(Url, Codificar) {
+TEST(Url, CodificarYDecodificar) {
     EXPECT_EQ(UrlCodificar(QStringLiteral("Pan & vino")), QStringLiteral("Pan+%26+vino"));
     EXPECT_EQ(UrlCodificar(QStringLiteral("a-b_c.d~")), QStringLiteral("a%2Db%5Fc%2Ed%7E"));
     EXPECT_EQ(UrlCodificar(QStringLiteral("Ñ€\n")), QStringLiteral("%D1%80%0A"));
     EXPECT_EQ(UrlCodificar(QStringLiteral("中")), QStringLiteral("%3F"));
     EXPECT_EQ(UrlCodificar(QString()), QString());
-}
 
-TEST(Url, Decodificar) {
     EXPECT_EQ(UrlDecodificar(QStringLiteral("Caja+%231%2C+barra")),
               QStringLiteral("Caja #1, barra"));
     EXPECT_EQ(UrlDecodificar(QStringLiteral("%D1%80")), QStringLiteral("Ñ€"));

@@ -18,9 +18,7 @@ struct AjustesGenerales_ : ::testing::Test {
         std::make_shared<ReproductorGrabador::Registro>();
 
     AjustesGenerales_() {
-        e.m.IdEstablecimiento = 7;
-        e.m.PasswordConfig = QStringLiteral("clave");
-        e.m.NumConfig = 2;
+        DarEstablecimiento(e.m, 2);
         e.m.CarpetaAplicacion = QStringLiteral(CARPETA_BIN); // the melodies are there
         e.m.MelodiaPedNuevo = QStringLiteral("corneta.mp3");
         e.canales.directo->porDefecto = {true, "OK"};

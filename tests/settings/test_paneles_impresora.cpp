@@ -18,9 +18,7 @@ struct PanelesImpresora_ : ::testing::Test {
     PanelesImpresora paneles;
 
     PanelesImpresora_() {
-        e.m.IdEstablecimiento = 7;
-        e.m.PasswordConfig = QStringLiteral("clave");
-        e.m.NumConfig = 1;
+        DarEstablecimiento(e.m, 1);
         e.canales.directo->porDefecto = {true, "OK"};
     }
     PanelImpresora& panel(int slot) { return paneles.at(static_cast<size_t>(slot - 1)); }

@@ -44,11 +44,7 @@ struct Form1_ : ::testing::Test {
 // The main window with an establishment and its credentials, as a configuration reading
 // needs them.
 struct Form1Configuracion_ : Form1_ {
-    Form1Configuracion_() {
-        e.m.IdEstablecimiento = 7;
-        e.m.PasswordConfig = QStringLiteral("clave");
-        e.m.NumConfig = 1;
-    }
+    Form1Configuracion_() { DarEstablecimiento(e.m, 1); }
     QAction* entrada(const char* nombre) {
         return control<QMenu>("Menu")->findChild<QAction*>(QLatin1String(nombre));
     }
@@ -134,14 +130,6 @@ TEST_F(Form1_, SinEstablecimientoLaPrimeraActivacionSondeaUnaVezYNadaMas) {
     EXPECT_EQ(e.canales.directo->urls.size(), 5);
 }
 
-TEST_F(Form1_, ConEstablecimientoArrancaTimerPrimeraConfigCadaTresSegundos) {
-    e.m.IdEstablecimiento = 7;
-    activar();
-    EXPECT_TRUE(f.TimerPrimeraConfig().enabled());
-    EXPECT_EQ(f.TimerPrimeraConfig().interval(), 3000);
-    EXPECT_FALSE(f.TimerPedidos().enabled());
-}
-
 TEST_F(Form1_, LaPantallaDeConexionSigueALaUltimaPeticion) {
     // (A failed poll's red display is the real gateway's test.)
     e.m.UrlBase = e.m.UrlBaseHttp;
@@ -195,17 +183,17 @@ TEST_F(Form1_, CerrarPreguntaYCierraElEstablecimiento) {
               "https://servidor.prueba/api/establecimiento/"
               "cerrarAbrirEstablecHasta?id=12&accion=C&fha=2026111490507");
 
-    // Closing for any other reason asks nothing and sends nothing.
-    e.m.PedidoNuevoPendiente = true;
-    EXPECT_TRUE(f.QueryUnload(2));
-    EXPECT_EQ(e.cajas->cajas().size(), 3);
-}
-
-TEST_F(Form1_, ElEstablecimientoTresNoSeCierraAlSalir) {
+    // Establishment 3 is never closed on the way out.
     e.m.RestId = 3;
     e.cajas->responder({respuesta::Si});
     EXPECT_TRUE(f.QueryUnload(0));
-    EXPECT_TRUE(e.canales.directo->urls.isEmpty());
+    EXPECT_EQ(e.canales.directo->urls.size(), 1);
+
+    // Closing for any other reason asks nothing and sends nothing.
+    e.m.PedidoNuevoPendiente = true;
+    EXPECT_TRUE(f.QueryUnload(2));
+    EXPECT_EQ(e.cajas->cajas().size(), 4);
+    EXPECT_EQ(e.canales.directo->urls.size(), 1);
 }
 
 TEST_F(Form1_, AplicarConfiguracionArrancaLosTimersEnSuOrden) {
@@ -287,8 +275,9 @@ TEST_F(Form1Configuracion_, UnaLecturaBuenaSeAplicaALaVentanaYALosTimers) {
 }
 
 TEST_F(Form1Configuracion_, UnaLecturaFallidaNoCambiaNadaYLaPrimeraConfigSigue) {
-    f.TimerPrimeraConfig().setInterval(3000);
-    f.TimerPrimeraConfig().setEnabled(true);
+    // With an establishment, the activation arms the first reading every three seconds.
+    activar();
+    EXPECT_EQ(f.TimerPrimeraConfig().interval(), 3000);
     e.canales.directo->responder("{\"status\":500}");
     e.canales.directo->responder("{\"status\":500}");
     EXPECT_FALSE(f.RefrescarConfiguracion());

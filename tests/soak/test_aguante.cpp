@@ -6,9 +6,6 @@
 //   TARVIMENTA_AGUANTE_FALLOS     share of the requests that fail (0 to 1)
 //   TARVIMENTA_AGUANTE_SEMILLA    seed of the faults and the orders
 #include "GeneradorPedidos.h"
-#include "base/ArchivosLocales.h"
-#include "base/CifradoAjustes.h"
-#include "base/ModuloPrincipal.h"
 #include "common/EscritorioPrueba.h"
 #include "common/ImpresoraTcp.h"
 #include "common/SimuladorPrueba.h"
@@ -192,16 +189,7 @@ protected:
         doc[QStringLiteral("printresumenauto")] = 0;
         doc[QStringLiteral("comprobaractualizar")] = 0;
         sim.configurar(7, QStringLiteral("clave"), 1, doc);
-        {
-            ModuloPrincipal preparado;
-            preparado.CarpetaDatos = desk.carpeta();
-            preparado.IdEstablecimiento = 7;
-            preparado.PasswordConfigCifrada =
-                CifrarAjuste(QStringLiteral("clave"), ModuloPrincipal::ClaveAjustes);
-            preparado.NumConfig = 1;
-            preparado.AccesosCreados = 1;
-            GuardarConfigTxt(preparado);
-        }
+        PrepararEstablecimiento(desk.carpeta(), 7, QStringLiteral("clave"));
         // Past the wait, a hang is a failed request: half a second keeps a thousand polls
         // short, and a hang lasts twice that.
         ASSERT_TRUE(desk.iniciar(

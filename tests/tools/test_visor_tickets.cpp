@@ -70,17 +70,14 @@ TEST(VisorTickets, LeeTamannosPaginasAvancesYCorte) {
                              u"✂-----------------\n"
                              u"+----------------+\n"_qs;
     EXPECT_EQ(s.texto, esperado);
-}
 
-TEST(VisorTickets, UnaLineaMasLargaQueElPapelSigueEnLaFilaSiguiente) {
-    QTemporaryDir dir;
-    const QString bin = dir.filePath("t.bin");
+    // A line longer than the paper goes on in the next row.
     ASSERT_TRUE(guardar(bin, QByteArray("0123456789ab\n\x1b\x21\x30"
                                         "abcde\n")));
-    const Salida s = visor({bin, "--texto", "--columnas", "8"});
-    ASSERT_EQ(s.codigo, 0);
-    EXPECT_EQ(s.texto, "+--------+\n|01234567|\n|89ab    |\n|a b c d |\n|        |\n"
-                       "|e       |\n|        |\n+--------+\n");
+    const Salida largo = visor({bin, "--texto", "--columnas", "8"});
+    ASSERT_EQ(largo.codigo, 0);
+    EXPECT_EQ(largo.texto, "+--------+\n|01234567|\n|89ab    |\n|a b c d |\n|        |\n"
+                           "|e       |\n|        |\n+--------+\n");
 }
 
 TEST(VisorTickets, ArgumentosYFicherosQueFaltan) {

@@ -1,9 +1,6 @@
 // The real desk in a temporary installation folder, against the stand-in service: it turns
 // into its updater copy, downloads, replaces itself and comes back, or keeps what it had.
 // (The archive route is run with real installers in test_actualizador.)
-#include "base/ArchivosLocales.h"
-#include "base/CifradoAjustes.h"
-#include "base/ModuloPrincipal.h"
 #include "common/EscritorioPrueba.h"
 #include "update/ServicioActualizacion.h"
 
@@ -39,14 +36,7 @@ struct Instalacion : ::testing::Test {
     void SetUp() override {
         ASSERT_TRUE(sim.enMarcha());
         ASSERT_TRUE(QFile::copy(QStringLiteral(TARVIMENTA_EXE), exe));
-        ModuloPrincipal m;
-        m.CarpetaDatos = carpeta.path();
-        m.IdEstablecimiento = 7;
-        m.PasswordConfigCifrada =
-            CifrarAjuste(QStringLiteral("clave"), ModuloPrincipal::ClaveAjustes);
-        m.NumConfig = 1;
-        m.AccesosCreados = 1;
-        GuardarConfigTxt(m);
+        PrepararEstablecimiento(carpeta.path(), 7, QStringLiteral("clave"));
     }
 
     void TearDown() override {
