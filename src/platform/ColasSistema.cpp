@@ -12,19 +12,6 @@ int noEsperarMas(http_t* /*http*/, void* /*datos*/) {
 
 } // namespace
 
-bool ExisteColaSistema(const QString& cola) {
-    const QByteArray nombre = cola.toUtf8();
-    if (nombre.isEmpty()) {
-        return false;
-    }
-    cups_dest_t* destino = cupsGetNamedDest(CUPS_HTTP_DEFAULT, nombre.constData(), nullptr);
-    if (destino == nullptr) {
-        return false;
-    }
-    cupsFreeDests(1, destino);
-    return true;
-}
-
 EstadoCola EstadoColaSistema(const QString& cola) {
     const QByteArray nombre = cola.toUtf8();
     if (nombre.isEmpty()) {

@@ -6,9 +6,6 @@
 // The local print system, as far as the desk needs it: raw jobs on a named queue, and the
 // emptying of every queue. Each call to the print system is bounded.
 
-// Whether `cola` is a queue of the local print system.
-bool ExisteColaSistema(const QString& cola);
-
 enum class EstadoCola {
     Lista,    // takes jobs and prints them
     NoExiste, // no queue of that name
